@@ -1,0 +1,102 @@
+#include "backends/raster/pixels.h"
+
+#include <pixman.h>
+
+#include "shared/bitmap.h"
+
+namespace tessera {
+namespace {
+
+// The four channels of a pixel in the lower bytes of four 16-bit lanes: one multiplication scales them all.
+constexpr std::uint64_t lowBytes = 0x00FF00FF00FF00FF;
+constexpr std::uint64_t spread(std::uint32_t pixel) {
+  return (pixel | static_cast<std::uint64_t>(pixel) << 24) & lowBytes;
+}
+constexpr std::uint32_t gather(std::uint64_t lanes) {
+  return static_cast<std::uint32_t>(lanes | lanes >> 24);
+}
+
+// Every lane / 255 rounded to the nearest, for lanes of 0..65025.
+constexpr std::uint64_t divideBy255(std::uint64_t lanes) {
+  lanes += 0x0080008000800080;
+  return (lanes + (lanes >> 8 & lowBytes)) >> 8 & lowBytes;
+}
+
+void invertRow(const Pixels& target, const Rect& visible, const Rect& area, std::int32_t y) {
+  if (y < visible.top || y >= visible.bottom) return;
+  // Only parities count, so the wrapped difference of far coordinates is as good as the true one.
+  const std::uint32_t phase = static_cast<std::uint32_t>(y) ^ static_cast<std::uint32_t>(area.top) ^
+                              static_cast<std::uint32_t>(area.left);
+  std::int32_t x = visible.left;
+  if ((static_cast<std::uint32_t>(x) ^ phase) & 1) ++x;
+  for (; x < visible.right; x += 2) *target.at(x, y) ^= colorBits;
+}
+
+void invertColumn(const Pixels& target, const Rect& visible, const Rect& area, std::int32_t x) {
+  if (x < visible.left || x >= visible.right) return;
+  const std::uint32_t phase = static_cast<std::uint32_t>(x) ^ static_cast<std::uint32_t>(area.top) ^
+                              static_cast<std::uint32_t>(area.left);
+  for (std::int32_t y = visible.top; y < visible.bottom; ++y) {
+    const bool corner = y == area.top || y == area.bottom - 1;
+    if (!corner && ((static_cast<std::uint32_t>(y) ^ phase) & 1) == 0) *target.at(x, y) ^= colorBits;
+  }
+}
+
+// A coverage of 255 weighs 256, so that it replaces the pixel. Without a branch for the frequent 0 and 255:
+// guessing wrong costs more than the multiplication.
+void blendMaskRow(std::uint32_t* to, const std::uint8_t* coverage, std::int64_t count, std::uint64_t over) {
+  for (std::int64_t i = 0; i < count; ++i) {
+    const std::uint64_t weight = coverage[i] + (coverage[i] >> 7);
+    const std::uint64_t under = spread(to[i]);
+    // under * (256 - weight) + over * weight; every lane of the sum fits, whatever its parts borrow.
+    to[i] = gather(((under << 8) + (over - under) * weight) >> 8 & lowBytes);
+  }
+}
+
+}  // namespace
+
+void fillPixels(const Pixels& target, const Rect& area, ColorRef color) {
+  const Rect visible = intersect(area, target.bounds());
+  if (visible.empty()) return;
+  pixman_fill(target.bits, static_cast<int>(target.stride), 32, visible.left, visible.top, visible.width(),
+              visible.height(), pixelOf(color));
+}
+
+void blendPixels(const Pixels& target, const Rect& area, ColorRef color, std::uint8_t alpha) {
+  if (alpha == 0) return;
+  if (alpha == 255) return fillPixels(target, area, color);
+  const Rect visible = intersect(area, target.bounds());
+  if (visible.empty()) return;
+  const std::uint64_t over = spread(pixelOf(color)) * alpha;
+  const std::uint64_t rest = 255u - alpha;
+  for (std::int32_t y = visible.top; y < visible.bottom; ++y) {
+    std::uint32_t* const row = target.at(0, y);
+    for (std::int32_t x = visible.left; x < visible.right; ++x) {
+      row[x] = gather(divideBy255(over + spread(row[x]) * rest));
+    }
+  }
+}
+
+void invertDottedBorder(const Pixels& target, const Rect& area) {
+  const Rect visible = intersect(area, target.bounds());
+  if (visible.empty() || area.empty()) return;
+  invertRow(target, visible, area, area.top);
+  if (area.bottom - 1 != area.top) invertRow(target, visible, area, area.bottom - 1);
+  invertColumn(target, visible, area, area.left);
+  if (area.right - 1 != area.left) invertColumn(target, visible, area, area.right - 1);
+}
+
+void blendMask(const Pixels& target, const Rect& clip, std::int64_t x, std::int64_t y,
+               const CoverageMask& mask, ColorRef color) {
+  const std::int64_t left = std::max<std::int64_t>(x, clip.left);
+  const std::int64_t right = std::min<std::int64_t>(x + mask.width, clip.right);
+  const std::int64_t top = std::max<std::int64_t>(y, clip.top);
+  const std::int64_t bottom = std::min<std::int64_t>(y + mask.height, clip.bottom);
+  if (left >= right) return;
+  const std::uint64_t over = spread(pixelOf(color));
+  for (std::int64_t row = top; row < bottom; ++row) {
+    blendMaskRow(target.at(left, row), mask.bytes + (row - y) * mask.width + (left - x), right - left, over);
+  }
+}
+
+}  // namespace tessera

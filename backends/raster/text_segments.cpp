@@ -1,0 +1,65 @@
+#include "backends/raster/text_segments.h"
+
+#include "backends/raster/script_class.h"
+
+namespace tessera {
+namespace {
+
+// A place where a segment may end, and the width up to there.
+struct Cut {
+  std::size_t place = 0;
+  std::int64_t width = 0;
+};
+
+// A longer word is not drawn from its start by the shaper, but from the character before.
+constexpr std::size_t maxWord = 256;
+
+}  // namespace
+
+TextSegment TextSegments::cut(std::size_t end, bool shaped, std::int64_t width) {
+  const TextSegment segment{text_.substr(place_, end - place_), shaped, width};
+  place_ = end;
+  return segment;
+}
+
+std::size_t TextSegments::shapedEnd() const {
+  if (text_.size() - place_ <= maxShaped) return text_.size();
+  const std::size_t space = text_.rfind(u' ', place_ + maxShaped - 1);
+  if (space != std::u16string_view::npos && space > place_) return space + 1;
+  const std::size_t end = place_ + maxShaped;
+  // A simple character starts something new for sure, anything else may belong to the one before it.
+  for (std::size_t cut = end; cut > end - maxWord; --cut) {
+    if (!isSurrogate(text_[cut]) && scriptClass(text_[cut]) == ScriptClass::Simple) return cut;
+  }
+  return isLowSurrogate(text_[end]) && isHighSurrogate(text_[end - 1]) ? end - 1 : end;
+}
+
+bool TextSegments::next(std::int64_t room, TextSegment& segment) {
+  if (place_ == text_.size()) return false;
+  Cut word{place_, 0};      // where the current word starts
+  Cut previous{place_, 0};  // where the previous character starts
+  std::int64_t width = 0;
+  bool afterSpace = false;
+  for (std::size_t place = place_; place < text_.size() && width <= room;) {
+    const Cut here{place, width};
+    const char32_t codePoint = nextCodePoint(text_, place);
+    const Glyph& glyph = font_.glyph(codePoint);
+    if (glyph.needsShaping) {
+      // The character before goes along even if it is a space: a mark stands on it.
+      const Cut from = here.place - word.place <= maxWord ? word : previous;
+      segment = from.place == place_ ? cut(shapedEnd(), true, 0) : cut(from.place, false, from.width);
+      return true;
+    }
+    if (afterSpace) word = here;
+    afterSpace = codePoint == U' ';
+    previous = here;
+    width += glyph.advance;
+    if (width > room || place == text_.size()) {
+      segment = cut(place, false, width);
+      return true;
+    }
+  }
+  return false;
+}
+
+}  // namespace tessera

@@ -1,0 +1,141 @@
+#include "components/csv_loader.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <optional>
+#include <unordered_set>
+#include <utility>
+#include <vector>
+
+#include "components/csv_reader.h"
+
+namespace tessera {
+namespace {
+
+// What the first reading finds out.
+struct Survey {
+  std::vector<std::string> names;
+  std::vector<TypeGuess> guesses;
+  std::int32_t records = 0;
+  char delimiter = ',';
+};
+
+class CsvFile {
+ public:
+  CsvFile(const std::string& path, std::span<const FieldSpec> fields) : path_(path), fields_(fields) {}
+
+  // Nothing: no fault.
+  std::optional<LoadError> survey(Survey& survey);
+  std::optional<LoadError> fill(const Survey& survey, ColumnStore& store);
+
+ private:
+  LoadError error(std::int64_t line, std::string reason) const { return {path_, line, std::move(reason)}; }
+  std::optional<LoadError> open(std::ifstream& in) const;
+  std::optional<LoadError> faultOf(const CsvReader& reader) const;
+  std::optional<LoadError> checkNames(const Survey& survey) const;
+  const FieldSpec* fieldOf(const std::string& name) const;
+  LoadError wrongCell(const CsvReader& reader, std::size_t column, const std::string& name) const;
+
+  const std::string& path_;
+  std::span<const FieldSpec> fields_;
+};
+
+std::optional<LoadError> CsvFile::open(std::ifstream& in) const {
+  std::error_code ignored;
+  if (std::filesystem::is_directory(path_, ignored)) return error(0, "it is a folder and not a file");
+  errno = 0;
+  in.open(path_, std::ios::binary);
+  if (!in) return error(0, std::string("it cannot be opened: ") + std::strerror(errno));
+  return std::nullopt;
+}
+
+std::optional<LoadError> CsvFile::faultOf(const CsvReader& reader) const {
+  if (reader.fault().empty()) return std::nullopt;
+  return error(reader.line(), reader.fault());
+}
+
+const FieldSpec* CsvFile::fieldOf(const std::string& name) const {
+  const auto found = std::find_if(fields_.begin(), fields_.end(),
+                                  [&](const FieldSpec& field) { return field.name == name; });
+  return found == fields_.end() ? nullptr : &*found;
+}
+
+std::optional<LoadError> CsvFile::checkNames(const Survey& survey) const {
+  std::unordered_set<std::string> seen;
+  for (std::size_t i = 0; i < survey.names.size(); ++i) {
+    if (survey.names[i].empty()) return error(1, "column " + std::to_string(i + 1) + " has no name");
+    if (!seen.insert(survey.names[i]).second) return error(1, "two columns are named " + survey.names[i]);
+  }
+  for (const FieldSpec& field : fields_)
+    if (!seen.contains(field.name)) return error(1, "there is no column " + field.name);
+  return std::nullopt;
+}
+
+LoadError CsvFile::wrongCell(const CsvReader& reader, std::size_t column, const std::string& name) const {
+  const FieldSpec* field = fieldOf(name);
+  const std::string_view wanted = columnTypeName(field ? field->type : 0);
+  return error(reader.line(), "\"" + std::string(reader.fields()[column]) + "\" in column " + name +
+                                  " is not " + std::string(wanted));
+}
+
+std::optional<LoadError> CsvFile::survey(Survey& survey) {
+  std::ifstream in;
+  if (auto fault = open(in)) return fault;
+  CsvReader reader(in);
+  if (!reader.readHeader()) return faultOf(reader);
+  survey.delimiter = reader.delimiter();
+  survey.names.assign(reader.fields().begin(), reader.fields().end());
+  if (auto fault = checkNames(survey)) return fault;
+  for (const std::string& name : survey.names) {
+    const FieldSpec* field = fieldOf(name);
+    survey.guesses.push_back(field ? TypeGuess(*field) : TypeGuess());
+  }
+  while (reader.next()) {
+    if (survey.records == std::numeric_limits<std::int32_t>::max())
+      return error(reader.line(), "too many rows");
+    ++survey.records;
+    for (std::size_t i = 0; i < survey.guesses.size(); ++i)
+      if (!survey.guesses[i].add(reader.fields()[i])) return wrongCell(reader, i, survey.names[i]);
+  }
+  return faultOf(reader);
+}
+
+std::optional<LoadError> CsvFile::fill(const Survey& survey, ColumnStore& store) {
+  for (std::size_t i = 0; i < survey.names.size(); ++i) {
+    store.addColumn(survey.guesses[i].format(XString::fromNarrow(survey.names[i])));
+    store.column(static_cast<std::int32_t>(i))
+        .reserve(static_cast<std::size_t>(survey.records), survey.guesses[i].textBytes());
+  }
+  std::ifstream in;
+  if (auto fault = open(in)) return fault;
+  CsvReader reader(in);
+  reader.readHeader();
+  const auto width = static_cast<std::size_t>(store.columnCount());
+  bool same = reader.fault().empty() && reader.fields().size() == width;
+  while (same && reader.next()) {
+    for (std::size_t i = 0; same && i < width; ++i)
+      same = appendCell(store.column(static_cast<std::int32_t>(i)), reader.fields()[i]);
+    if (same) store.finishRecord();
+  }
+  if (!same || !reader.fault().empty() || store.recordCount() != survey.records)
+    return error(reader.line(), "it changed while it was read");
+  return std::nullopt;
+}
+
+}  // namespace
+
+Loaded<CsvRows> loadCsv(const std::string& path, std::span<const FieldSpec> fields) {
+  CsvFile file(path, fields);
+  Survey survey;
+  if (auto fault = file.survey(survey)) return *std::move(fault);
+  CsvRows rows;
+  rows.delimiter = survey.delimiter;
+  if (auto fault = file.fill(survey, rows.store)) return *std::move(fault);
+  return Loaded<CsvRows>(std::move(rows));
+}
+
+}  // namespace tessera

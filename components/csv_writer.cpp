@@ -1,0 +1,92 @@
+#include "components/csv_writer.h"
+
+#include <string_view>
+
+#include "components/replace_file.h"
+
+namespace tessera {
+namespace {
+
+constexpr std::size_t blockSize = std::size_t{1} << 18;
+
+class CsvOutput {
+ public:
+  CsvOutput(FileReplacement& file, char delimiter) : file_(file), delimiter_(delimiter) {
+    const char special[] = {delimiter, '"', '\n', '\r', '\0'};
+    special_ = special;
+  }
+  ~CsvOutput() { file_.write(block_); }
+  CsvOutput(const CsvOutput&) = delete;
+  CsvOutput& operator=(const CsvOutput&) = delete;
+
+  void field(std::string_view text) {
+    if (fields_++ > 0) block_ += delimiter_;
+    text.find_first_of(special_) == std::string_view::npos ? void(block_ += text) : quote(text);
+    onlyEmpty_ = fields_ == 1 && text.empty();
+  }
+  void endLine() {
+    // A blank line would be no record to many readers.
+    if (onlyEmpty_) block_ += "\"\"";
+    block_ += '\n';
+    fields_ = 0;
+    if (block_.size() < blockSize) return;
+    file_.write(block_);
+    block_.clear();
+  }
+
+ private:
+  void quote(std::string_view text) {
+    block_ += '"';
+    for (const char c : text) {
+      if (c == '"') block_ += '"';
+      block_ += c;
+    }
+    block_ += '"';
+  }
+
+  FileReplacement& file_;
+  char delimiter_;
+  std::string special_;
+  std::string block_;
+  int fields_ = 0;
+  bool onlyEmpty_ = false;
+};
+
+std::string_view cellText(const Column& column, std::int32_t record, NumberBuffer& buffer) {
+  const bool decimal = column.format().type == columnDecimal && !column.isEmpty(record);
+  return decimal ? exactDecimalText(column.real(record), column.format().scale, buffer)
+                 : column.shown(record, buffer);
+}
+
+void writeRows(const MemoryDataSet& rows, CsvOutput& out) {
+  const ColumnStore& store = rows.store();
+  for (std::int32_t c = 0; c < store.columnCount(); ++c) out.field(store.column(c).format().name.toUtf8());
+  out.endLine();
+  NumberBuffer buffer;
+  for (std::int32_t row = 1; row <= rows.rowCount(); ++row) {
+    const std::int32_t record = rows.entryAt(row);
+    if (record < 0 || rows.recordStatus(record) == rowDeleted) continue;
+    for (std::int32_t c = 0; c < store.columnCount(); ++c)
+      out.field(cellText(store.column(c), record, buffer));
+    out.endLine();
+  }
+}
+
+}  // namespace
+
+std::optional<LoadError> writeCsv(const MemoryDataSet& rows, const std::string& path, char delimiter) {
+  FileReplacement file(path);
+  {
+    CsvOutput out(file, delimiter);
+    writeRows(rows, out);
+  }
+  return file.commit();
+}
+
+std::optional<LoadError> saveCsv(MemoryDataSet& rows, const std::string& path, char delimiter) {
+  auto fault = writeCsv(rows, path, delimiter);
+  if (!fault) rows.acceptChanges();
+  return fault;
+}
+
+}  // namespace tessera

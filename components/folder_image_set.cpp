@@ -1,0 +1,84 @@
+#include "components/folder_image_set.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <fstream>
+#include <system_error>
+#include <utility>
+
+namespace tessera {
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr std::uintmax_t greatestFile = std::uintmax_t{64} << 20;
+
+std::vector<std::byte> bytesOf(const fs::path& path) {
+  std::error_code failed;
+  const std::uintmax_t size = fs::file_size(path, failed);
+  if (failed || size == 0 || size > greatestFile) return {};
+  std::vector<std::byte> bytes(size);
+  std::ifstream in(path, std::ios::binary);
+  in.read(reinterpret_cast<char*>(bytes.data()), static_cast<std::streamsize>(size));
+  return in ? bytes : std::vector<std::byte>();
+}
+
+bool isPlainName(const std::string& key) {
+  return key.find_first_of("/\\") == std::string::npos && key.find("..") == std::string::npos;
+}
+
+}  // namespace
+
+FolderImageSet::FolderImageSet(std::string id, fs::path folder, PictureLoader& loader)
+    : id_(std::move(id)), folder_(std::move(folder)), loader_(loader) {
+  list();
+}
+
+FolderImageSet::~FolderImageSet() { close(); }
+
+void FolderImageSet::close() {
+  if (std::exchange(closed_, true)) return;
+  sinks_.each([](ImageSetNotifications& sink) { return sink.SourceClosing(VARIANT_FALSE), true; });
+  sinks_.unadviseAll();
+}
+
+void FolderImageSet::list() {
+  files_.clear();
+  fault_.clear();
+  std::error_code failed;
+  for (fs::directory_iterator it(folder_, failed), end; !failed && it != end; it.increment(failed)) {
+    std::error_code ignored;
+    const fs::path& path = it->path();
+    const bool hidden = path.filename().string().starts_with('.');
+    if (!hidden && it->is_regular_file(ignored)) files_[path.stem().string()].push_back(path);
+  }
+  if (failed) fault_ = failed.message();
+  for (auto& [key, paths] : files_) std::sort(paths.begin(), paths.end());
+}
+
+void FolderImageSet::reload() {
+  list();
+  sinks_.each([](ImageSetNotifications& sink) { return sink.DataChanged(0), true; });
+}
+
+HResult FolderImageSet::Advise(ImageSetNotifications* sink) { return closed_ ? E_FAIL : sinks_.advise(sink); }
+
+void FolderImageSet::Unadvise(ImageSetNotifications* sink) { sinks_.unadvise(sink); }
+
+void FolderImageSet::GetID(XString& id) { id = XString::fromNarrow(id_); }
+
+bool FolderImageSet::GetImage(const std::string& key, Picture& picture) {
+  if (!isPlainName(key)) return false;
+  const auto found = files_.find(key);
+  if (found == files_.end()) return false;
+  for (const fs::path& path : found->second) {
+    const std::vector<std::byte> bytes = bytesOf(path);
+    const BitmapRef bitmap = bytes.empty() ? nullptr : loader_.load(bytes);
+    if (!bitmap) continue;
+    picture = {bitmap->width, bitmap->height, bitmap->pixels};
+    return true;
+  }
+  return false;
+}
+
+}  // namespace tessera

@@ -1,0 +1,40 @@
+// Opens a data set from a file or a database as a form describes it.
+
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "components/load_error.h"
+#include "components/memory_data_set.h"
+#include "components/sqlite_loader.h"
+#include "components/type_guess.h"
+
+namespace tessera {
+
+// What must hold: either `file`, or `database` with one of `table` and `query`.
+struct DataSource {
+  std::string file = {};  // delimited text
+  std::string database = {};
+  std::string table = {};
+  std::string query = {};
+  std::vector<FieldSpec> fields = {};
+};
+
+struct OpenedDataSet {
+  std::shared_ptr<MemoryDataSet> rows;
+  DataSource source;
+  SqliteOrigin origin;   // of rows from a database
+  char delimiter = ',';  // of rows from a file
+};
+
+// Faults of the options count as faults of the source: a sort, level or subsum text that names an unknown
+// column, or a subsum text that is none.
+Loaded<OpenedDataSet> openDataSet(const DataSource& source, const DataSetOptions& options = {});
+
+// Writes the changes back to where the rows came from.
+std::optional<LoadError> saveDataSet(OpenedDataSet& opened);
+
+}  // namespace tessera

@@ -1,0 +1,45 @@
+#include "binding/image_sink.h"
+
+#include <utility>
+
+#include "binding/component_locator.h"
+
+namespace tessera {
+
+ImageSink::~ImageSink() { Unbind(); }
+
+HResult ImageSink::Bind(ImageClient* client, ClientSite* site, const XString& id, std::int32_t cookie) {
+  client_ = client;
+  id_ = id;
+  cookie_ = cookie;
+  leaveSource();
+  if (!client_) return S_OK;
+  source_ = locateImageSet(site, id_);
+  if (!source_) return S_OK;
+  const HResult status = source_->Advise(this);
+  if (!succeeded(status)) source_.reset();
+  return status;
+}
+
+void ImageSink::Unbind() {
+  leaveSource();
+  client_ = nullptr;
+}
+
+void ImageSink::leaveSource() {
+  if (const auto source = std::exchange(source_, nullptr)) source->Unadvise(this);
+}
+
+HResult ImageSink::SortReset() { return client_ ? client_->ImageSortReset(cookie_) : S_OK; }
+
+HResult ImageSink::DataChanged(std::int32_t value) {
+  return client_ ? client_->ImageDataChanged(cookie_, value) : S_OK;
+}
+
+// The sink stays in place, unbound: the next Bind starts afresh.
+HResult ImageSink::SourceClosing(VariantBool) {
+  const auto closing = std::exchange(source_, nullptr);
+  return client_ ? client_->ImageSourceClosing(cookie_) : S_OK;
+}
+
+}  // namespace tessera

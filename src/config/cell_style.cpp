@@ -1,0 +1,108 @@
+#include "config/cell_style.h"
+
+#include "config/color_words.h"
+#include "config/value_words.h"
+#include "shared/compare.h"
+
+namespace tessera {
+namespace {
+
+constexpr ColorRef colorOfOtherTypes = 0xFFFFFF;
+
+constexpr std::size_t indexOf(DynamicSlot slot) { return static_cast<std::size_t>(slot); }
+
+ColorRef colorOf(const XValue& value) {
+  if (value.type() == VT_I4) return static_cast<ColorRef>(value.asInt());
+  return value.type() == VT_BSTR ? parseColor(value.asText()) : colorOfOtherTypes;
+}
+
+ColorRef effectiveColor(const CellStyle& style, DynamicSlot slot, ColorRef stored, EvalState& state) {
+  XValue value;
+  return style.evaluate(slot, state, value) ? colorOf(value) : stored;
+}
+
+void applySize(LogFont& font, std::int32_t points) { font.lfHeight = pointsToHeight(points); }
+
+void applyStyle(LogFont& font, std::int32_t flags) {
+  font.lfWeight = (flags & font_style::bold) != 0 ? 700 : 0;
+  font.lfItalic = (flags & font_style::italic) != 0 ? 1 : 0;
+  font.lfUnderline = (flags & font_style::underline) != 0 ? 1 : 0;
+}
+
+}  // namespace
+
+void CellStyle::setDynamic(DynamicSlot slot, const XExprProgram* program) {
+  if (!program) return;
+  dynamicFlags |= dynamicBit(slot);
+  expressions[indexOf(slot)] = program;
+}
+
+void CellStyle::clearDynamic(DynamicSlot slot) {
+  dynamicFlags &= ~dynamicBit(slot);
+  expressions[indexOf(slot)] = nullptr;
+}
+
+bool CellStyle::evaluate(DynamicSlot slot, EvalState& state, XValue& value) const {
+  const XExprProgram* program = expressions[indexOf(slot)];
+  return isDynamic(slot) && program && program->evaluate(state, value);
+}
+
+void CellStyle::setFontSize(std::int32_t points) {
+  fontSize = points;
+  applySize(font, points);
+}
+
+void CellStyle::setFontStyle(std::int32_t flags) {
+  fontStyle = flags;
+  applyStyle(font, flags);
+}
+
+void CellStyle::setFontName(std::string_view utf8) { font.setFace(utf8); }
+
+ColorRef CellStyle::effectiveTextColor(EvalState& state) const {
+  return effectiveColor(*this, DynamicSlot::TextColor, textColor, state);
+}
+
+ColorRef CellStyle::effectiveBackColor(EvalState& state) const {
+  return effectiveColor(*this, DynamicSlot::BackColor, backColor, state);
+}
+
+ColorRef CellStyle::effectiveBorderColor(EvalState& state) const {
+  return effectiveColor(*this, DynamicSlot::BorderColor, borderColor, state);
+}
+
+std::int32_t CellStyle::effectiveFontSize(EvalState& state) const {
+  XValue value;
+  if (!evaluate(DynamicSlot::FontSize, state, value)) return fontSize;
+  if (value.type() == VT_I4) return value.asInt();
+  return value.type() == VT_BSTR ? parseInt(value.asText()) : 0;
+}
+
+XString CellStyle::effectiveFontName(EvalState& state) const {
+  XValue value;
+  if (!evaluate(DynamicSlot::FontName, state, value)) return XString::fromNarrow(font.face());
+  return value.asText();
+}
+
+std::int32_t CellStyle::effectiveFontStyle(EvalState& state) const {
+  XValue value;
+  if (!evaluate(DynamicSlot::FontStyle, state, value)) return fontStyle;
+  if (value.type() != VT_BSTR) return 0;
+  const std::int32_t flags = parseFontStyle(value.asText());
+  return flags == unknownWord ? fontStyle : flags;
+}
+
+XString CellStyle::effectiveDisplayFormat(EvalState& state) const {
+  XValue value;
+  return evaluate(DynamicSlot::DisplayFormat, state, value) ? value.asText() : displayFormat;
+}
+
+LogFont CellStyle::effectiveFont(EvalState& state) const {
+  LogFont result = font;
+  if (isDynamic(DynamicSlot::FontSize)) applySize(result, effectiveFontSize(state));
+  if (isDynamic(DynamicSlot::FontStyle)) applyStyle(result, effectiveFontStyle(state));
+  if (isDynamic(DynamicSlot::FontName)) result.setFace(effectiveFontName(state).toUtf8());
+  return result;
+}
+
+}  // namespace tessera

@@ -1,0 +1,29 @@
+// What the Info readers need from the grid around them.
+
+#pragma once
+
+#include <memory>
+
+#include <tessera/data_set_control.h>
+#include <tessera/xstring.h>
+
+#include "expr/xexpr_program.h"
+#include "platform/document.h"
+#include "shared/bitmap.h"
+
+namespace tessera {
+
+class InfoServices {
+ public:
+  virtual ~InfoServices() = default;
+
+  virtual DocumentReader& documents() = 0;
+  // Null when the text does not compile; the failure has been reported then.
+  virtual const XExprProgram* compileExpression(const XString& text) = 0;
+  // The picture at an address, fetched at once; null when there is none or `url` is empty.
+  virtual BitmapRef downloadImage(const XString& url) = 0;
+  // A further data set on the host, not subscribed to; null when there is none.
+  virtual std::shared_ptr<DataSetControl> findDataSet(const XString& id) = 0;
+};
+
+}  // namespace tessera

@@ -1,0 +1,51 @@
+// What the bound components' notifications do to the grid.
+
+#pragma once
+
+#include <functional>
+
+#include "binding/data_client.h"
+#include "control/grid_parts.h"
+#include "shared/grid_services.h"
+
+namespace tessera {
+
+// Notifications are dropped without a window, and those of row moves and changes while the grid itself makes
+// them.
+class DataNotifications : public DataClient, public ImageClient {
+ public:
+  DataNotifications(GridParts& parts, GridServices& services, std::function<void()> refresh)
+      : parts_(parts), services_(services), refresh_(std::move(refresh)) {}
+
+  HResult SortReset(std::int32_t cookie) override;
+  HResult StructureChanged(std::int32_t cookie, std::int32_t value) override;
+  HResult RowsAdded(std::int32_t cookie, std::int32_t rowCount) override;
+  HResult DataChanged(std::int32_t cookie, std::int32_t value) override;
+  HResult CanChange(std::int32_t cookie, std::int32_t value, VariantBool& allowed) override;
+  HResult CurrentRowChanged(std::int32_t cookie, std::int32_t row) override;
+  HResult RowsReset(std::int32_t cookie) override;
+  HResult Reserved(std::int32_t cookie, std::int32_t value) override;
+  HResult RowInserted(std::int32_t cookie, std::int32_t row) override;
+  HResult RowDeleted(std::int32_t cookie, std::int32_t row) override;
+  HResult CellChanged(std::int32_t cookie, std::int32_t row, std::int32_t column) override;
+  HResult SourceClosing(std::int32_t cookie, VariantBool flag) override;
+
+  HResult ImageSortReset(std::int32_t cookie) override;
+  HResult ImageDataChanged(std::int32_t cookie, std::int32_t value) override;
+  HResult ImageSourceClosing(std::int32_t cookie) override;
+
+ private:
+  bool listening() const { return parts_.window && !parts_.link.SelfMove(); }
+  void clearSortMarks();
+  void changeRowCount(std::int32_t row, std::int32_t delta);
+  void followCurrentRow(RowNode* current);
+  void refillFromTop(std::int32_t capacity);
+  // False when the focus stands there already or has no column to stand in.
+  bool takeCurrentRow(RowNode* node, bool ownCall);
+
+  GridParts& parts_;
+  GridServices& services_;
+  std::function<void()> refresh_;
+};
+
+}  // namespace tessera

@@ -1,0 +1,19 @@
+#include "control/event_source.h"
+
+namespace tessera {
+
+XValue EventSource::fire(EventId id, std::span<const XValue> arguments) const {
+  XValue answer;
+  sinks_.forEach([&](ITesseraEvents& sink) {
+    answer.setEmpty();
+    sink.Invoke(id, arguments, answer);
+  });
+  return answer;
+}
+
+bool EventSource::ask(EventId id, std::span<const XValue> arguments) const {
+  const XValue answer = fire(id, arguments);
+  return answer.type() != VT_BOOL || answer.asBool();
+}
+
+}  // namespace tessera

@@ -1,0 +1,25 @@
+#include "control/info_host.h"
+
+#include "binding/component_locator.h"
+#include "platform/picture_loader.h"
+
+namespace tessera {
+
+const XExprProgram* InfoHost::compileExpression(const XString& text) {
+  const XExprProgram* program = expressions_.compile(text);
+  if (!program) services_.ReportError(ErrorCode::Expression);
+  return program;
+}
+
+BitmapRef InfoHost::downloadImage(const XString& url) {
+  if (url.empty() || !ports_.http || !ports_.pictures) return nullptr;
+  std::vector<std::byte> body;
+  if (!ports_.http->get(url.toUtf8(), body) || body.empty()) return nullptr;
+  return ports_.pictures->load(body);
+}
+
+std::shared_ptr<DataSetControl> InfoHost::findDataSet(const XString& id) {
+  return locateDataSet(site_, id, false);
+}
+
+}  // namespace tessera

@@ -1,0 +1,33 @@
+// What the Info readers ask of the control.
+
+#pragma once
+
+#include <tessera/hosting.h>
+
+#include "config/info_services.h"
+#include "expr/expression_engine.h"
+#include "platform/ports.h"
+#include "shared/grid_services.h"
+
+namespace tessera {
+
+class InfoHost : public InfoServices {
+ public:
+  InfoHost(const Ports& ports, ExpressionEngine& expressions, GridServices& services)
+      : ports_(ports), expressions_(expressions), services_(services) {}
+
+  void setSite(ClientSite* site) { site_ = site; }
+
+  DocumentReader& documents() override { return ports_.documents; }
+  const XExprProgram* compileExpression(const XString& text) override;
+  BitmapRef downloadImage(const XString& url) override;
+  std::shared_ptr<DataSetControl> findDataSet(const XString& id) override;
+
+ private:
+  const Ports& ports_;
+  ExpressionEngine& expressions_;
+  GridServices& services_;
+  ClientSite* site_ = nullptr;
+};
+
+}  // namespace tessera

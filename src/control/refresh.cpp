@@ -1,0 +1,114 @@
+#include "control/refresh.h"
+
+#include "config/ambient_font.h"
+#include "config/background_flags.h"
+#include "config/column_info.h"
+#include "rows/suppress.h"
+
+namespace tessera {
+
+void RefreshSequence::run() {
+  clear();
+  loadVariables();
+  if (!readColumns()) return;
+  measure();
+  ResolveSuppress(parts_.config.columns, parts_.link);
+  fillDecimals();
+  fillFonts();
+  applyBackgroundFlags(parts_.config);
+  handOutSortMarks();
+  parts_.images.ReloadImages(parts_.config.columns, parts_.link);
+  BuildRows(parts_);
+  show();
+}
+
+void RefreshSequence::clear() {
+  parts_.focus.forget();
+  parts_.page.VisibleRows.clear();
+  parts_.config.columns.removeAll();
+  parts_.expressions.freePrograms();
+  parts_.link.forgetColumns();
+}
+
+void RefreshSequence::loadVariables() {
+  parts_.expressions.clearVariables();
+  const auto dataSet = parts_.link.holdDataSet();
+  std::int32_t count = 0;
+  dataSet->GetColumnCount(count);
+  for (std::int32_t column = 1; column <= count; ++column) {
+    XString name;
+    dataSet->GetColumnName(column, name);
+    parts_.expressions.addVariable(name);
+  }
+}
+
+// A text that does not compile is reported while the columns are read, and the listener may set another
+// ColumnInfo or let go of the data set: so the columns are read into a place of their own, and an overtaken
+// reading is dropped.
+bool RefreshSequence::readColumns() {
+  const std::uint64_t generation = services_.generation();
+  const auto dataSet = parts_.link.holdDataSet();
+  GridConfig read;
+  read.tree = parts_.config.tree;
+  const XString text = parts_.settings.ColumnInfo;
+  const bool complete = !text.empty() && parseColumnInfo(info_, text, read);
+  if (services_.generation() != generation || parts_.link.holdDataSet() != dataSet) return false;
+  parts_.config.columns = std::move(read.columns);
+  parts_.config.tree = read.tree;
+  if (complete) return true;
+  services_.Repaint(nullptr);
+  services_.ReportError(ErrorCode::ColumnInfo);
+  return false;
+}
+
+void RefreshSequence::measure() {
+  GridMetrics& metrics = parts_.metrics;
+  ColumnList& columns = parts_.config.columns;
+  parts_.page.ColumnStop = 1;
+  metrics.measureHeights(columns);
+  metrics.indicatorShift = 0;
+  metrics.makeRoomForIndicator(columns, parts_.config.indicator.effectiveWidth());
+  metrics.buildLineTops(columns);
+  metrics.closeFixedZone(columns);
+}
+
+void RefreshSequence::fillDecimals() {
+  const auto dataSet = parts_.link.holdDataSet();
+  for (ColumnRecord& column : parts_.config.columns) {
+    if (column.refColumnId.empty()) continue;
+    std::int32_t scale = 0;
+    dataSet->GetColumnScale(parts_.link.columnIndex(column.refColumnId), scale);
+    column.view.decimals = scale;
+    column.summary.decimals = scale;
+    for (GroupCell& group : column.groups) group.decimals = scale;
+  }
+}
+
+void RefreshSequence::fillFonts() {
+  if (!site_) return;
+  const auto font = site_->ambientFont();
+  if (font) applyAmbientFont(parts_.config, *font, parts_.eval);
+}
+
+void RefreshSequence::handOutSortMarks() {
+  for (ColumnRecord& column : parts_.config.columns) {
+    column.header.sortBitmapUp = Glyph::SortUp;
+    column.header.sortBitmapDown = Glyph::SortDown;
+  }
+}
+
+void RefreshSequence::show() {
+  if (!parts_.window) return;
+  parts_.updateBars(bar_bit::both);
+  const GridFrame frame = parts_.frame();
+  if (parts_.link.rowCount() > 0) parts_.loader(frame).LoadVisibleRows(true);
+  parts_.applyBorder();
+  services_.Repaint(nullptr);
+}
+
+void BuildRows(GridParts& parts) {
+  parts.page.VisibleRows.clear();
+  parts.rows.buildPlain(parts.link.rowCount());
+}
+
+}  // namespace tessera

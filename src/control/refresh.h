@@ -1,0 +1,42 @@
+// The rebuild of everything that shows.
+
+#pragma once
+
+#include <tessera/hosting.h>
+
+#include "config/info_services.h"
+#include "control/grid_parts.h"
+#include "shared/grid_services.h"
+
+namespace tessera {
+
+// From the configuration texts and the bound data set to columns, rows and page. Nothing happens without a
+// data set. When ColumnInfo cannot be read, the columns before the fault stay and the rest is left undone.
+class RefreshSequence {
+ public:
+  RefreshSequence(GridParts& parts, GridServices& services, InfoServices& info, ClientSite* site)
+      : parts_(parts), services_(services), info_(info), site_(site) {}
+
+  void run();
+
+ private:
+  void clear();
+  void loadVariables();
+  // False when the text could not be read, or when a listener refreshed the grid meanwhile.
+  bool readColumns();
+  void measure();
+  void fillDecimals();
+  void fillFonts();
+  void handOutSortMarks();
+  void show();
+
+  GridParts& parts_;
+  GridServices& services_;
+  InfoServices& info_;
+  ClientSite* site_;
+};
+
+// One RowTree for the present arrangement of the rows.
+void BuildRows(GridParts& parts);
+
+}  // namespace tessera

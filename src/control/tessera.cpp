@@ -1,0 +1,107 @@
+#include "control/tessera.h"
+
+#include <array>
+
+#include "control/error_table.h"
+#include "control/refresh.h"
+
+namespace tessera {
+
+namespace {
+
+constexpr std::int32_t defaultIndicatorWidth = 16;
+
+// Code pages of the host that stand for another one here.
+struct CodePageAlias {
+  std::uint32_t ambient;
+  std::int32_t stored;
+};
+constexpr std::array<CodePageAlias, 3> codePageAliases = {{{50949, 949}, {51949, 949}, {50001, 0}}};
+
+}  // namespace
+
+Tessera::Tessera(const Ports& ports)
+    : ports_(ports),
+      info_(ports_, parts_.expressions, *this),
+      notifications_(parts_, *this, [this] { Refresh(); }),
+      properties_(*this) {}
+
+Tessera::~Tessera() { parts_.link.unbind(); }
+
+void Tessera::setClientSite(ClientSite* site) {
+  site_ = site;
+  info_.setSite(site);
+}
+
+void Tessera::quickActivate() {
+  codePage_ = 0;
+  if (!site_) return;
+  const XValue ambient = site_->ambientCodePage();
+  if (ambient.type() != VT_UI4) return;
+  const auto codePage = static_cast<std::uint32_t>(ambient.asInt64());
+  codePage_ = static_cast<std::int32_t>(codePage);
+  for (const CodePageAlias& alias : codePageAliases) {
+    if (alias.ambient == codePage) codePage_ = alias.stored;
+  }
+}
+
+void Tessera::windowCreated(Window& window) {
+  parts_.window = &window;
+  parts_.applyBorder();
+  IndicatorRecord& indicator = parts_.config.indicator;
+  if (indicator.width == IndicatorRecord::unset) {
+    indicator.width = defaultIndicatorWidth;
+    parts_.metrics.makeRoomForIndicator(parts_.config.columns, indicator.width);
+  }
+  if (!parts_.settings.ColumnInfo.empty()) Refresh();
+  if (!parts_.settings.Enable) window.setEnabled(false);
+}
+
+void Tessera::windowDestroyed() { parts_.window = nullptr; }
+
+void Tessera::windowResized() {
+  if (!parts_.window) return;
+  const Size client = parts_.window->clientSize();
+  if (client.width == 0 || client.height == 0) return;
+  parts_.updateBars(bar_bit::both);
+  const GridFrame frame = parts_.frame();
+  if (parts_.page.VisibleRows.empty()) parts_.loader(frame).LoadVisibleRows(false);
+  if (RowNode* top = parts_.page.VisibleAt(0)) {
+    parts_.page.RefillFrom(parts_.rows, frame.rowCapacity(), top);
+  }
+  Repaint(nullptr);
+}
+
+void Tessera::onDraw(Canvas& canvas) {
+  const GridFrame frame = parts_.frame();
+  const PaintModel model{parts_.config, parts_.settings, frame,         parts_.page, parts_.focus,
+                         parts_.rows,   parts_.link,     parts_.images, parts_.eval};
+  if (!pipeline_.paint(canvas, model).painted) return fillWindowColor(canvas);
+  if (parts_.window) SetBarPositions(parts_.page, *parts_.window);
+}
+
+void Tessera::Refresh() {
+  if (!parts_.link.dataSet()) return;
+  ++generation_;
+  RefreshSequence(parts_, *this, info_, site_).run();
+}
+
+void Tessera::Repaint(const Rect* area) {
+  if (parts_.settings.Draw && parts_.window) parts_.window->repaint(area);
+}
+
+void Tessera::ReportError(ErrorCode code) {
+  const std::array arguments = {XValue::ofInt(static_cast<std::int32_t>(code)),
+                                XValue::ofText(errorText(code))};
+  events_.fire(EventId::OnError, arguments);
+}
+
+ColumnPosition Tessera::columnById(const XString& colid) {
+  ColumnList& columns = parts_.config.columns;
+  for (auto it = columns.begin(); it != columns.end(); ++it) {
+    if (it->id == colid) return it.position();
+  }
+  return nullptr;
+}
+
+}  // namespace tessera

@@ -1,0 +1,30 @@
+// Members whose modules are not part of this version: they are accepted and do nothing yet. CHANGELOG.md
+// lists what is there.
+
+#include "control/tessera.h"
+
+namespace tessera {
+
+HResult Tessera::get_LayoutInfo(const XString&, const XString&, XValue&) { return S_OK; }
+HResult Tessera::put_LayoutInfo(const XString&, const XString&, const XValue&) { return S_OK; }
+HResult Tessera::TrackPopupMenu(std::int32_t, std::int32_t) { return S_OK; }
+HResult Tessera::get_GetEditText(XString&) { return S_OK; }
+HResult Tessera::put_RowPosition(std::int32_t) { return S_OK; }
+HResult Tessera::put_ColumnPosition(const XString&) { return S_OK; }
+HResult Tessera::ActivateEdit() { return S_OK; }
+HResult Tessera::FitArrange() { return S_OK; }
+HResult Tessera::Expand(std::int32_t) { return S_OK; }
+HResult Tessera::ExpandAll() { return S_OK; }
+HResult Tessera::Collapse(std::int32_t) { return S_OK; }
+HResult Tessera::CollapseAll() { return S_OK; }
+HResult Tessera::Insert(std::int32_t, std::int32_t, const XString&) { return S_OK; }
+HResult Tessera::Delete(std::int32_t) { return S_OK; }
+HResult Tessera::Move(std::int32_t, std::int32_t, std::int32_t) { return S_OK; }
+HResult Tessera::ExportTitle(std::int32_t, const XString&) { return S_OK; }
+HResult Tessera::ExportFooter(std::int32_t, const XString&) { return S_OK; }
+HResult Tessera::GridToExcel(const XString&, const XString&, std::int32_t) { return S_OK; }
+HResult Tessera::GridToHtml(const XString&, std::int32_t) { return S_OK; }
+HResult Tessera::get_BlockSelect(const XString&, XValue&) { return S_OK; }
+HResult Tessera::put_BlockSelect(const XString&, const XValue&) { return S_OK; }
+
+}  // namespace tessera

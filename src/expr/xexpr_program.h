@@ -1,0 +1,22 @@
+// A compiled expression.
+
+#pragma once
+
+#include <tessera/xvalue.h>
+
+#include "expr/eval_state.h"
+
+namespace tessera {
+
+// Immutable code. Programs belong to their ExpressionEngine and live until its freePrograms(); style records
+// borrow them.
+class XExprProgram {
+ public:
+  virtual ~XExprProgram() = default;
+
+  // Runs for state.ExprRow. False when the run ended in an error: there is no value, `result` is VT_EMPTY,
+  // and the caller goes on with what it would show without the expression.
+  virtual bool evaluate(EvalState& state, XValue& result) const = 0;
+};
+
+}  // namespace tessera

@@ -1,0 +1,37 @@
+// Which cell has the focus, or which rows are selected.
+
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "config/column_record.h"
+#include "rows/row_node.h"
+
+namespace tessera {
+
+enum class FocusState : std::int32_t { Outside = 1, Grid = 2, Editor = 3, List = 4 };
+
+struct FocusModel {
+  bool CellMode = true;                    // one cell has the focus; false: whole rows are selected
+  std::int32_t FocusLeft = 0;              // left edge of the focus cell's view
+  RowNode* FocusRow = nullptr;             // row of the focus cell
+  ColumnPosition FocusColumn = nullptr;    // column of the focus cell; null in row mode
+  XString FocusColumnName;                 // dataset column to find the focus column again by
+  std::vector<RowNode*> SelectedRows;      // row mode; the first is the row of the last selection step
+  FocusState state = FocusState::Outside;  // where the keyboard focus is
+
+  // Every row and column reference goes; modes and the name stay.
+  void forget() {
+    FocusRow = nullptr;
+    FocusColumn = nullptr;
+    SelectedRows.clear();
+  }
+  // `node` becomes the head of SelectedRows and stands there once.
+  void putFirst(RowNode* node) {
+    std::erase(SelectedRows, node);
+    SelectedRows.insert(SelectedRows.begin(), node);
+  }
+};
+
+}  // namespace tessera

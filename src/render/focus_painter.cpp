@@ -1,0 +1,195 @@
+#include "render/focus_painter.h"
+
+#include <algorithm>
+
+#include "geometry/hit_test.h"
+#include "render/glyphs.h"
+#include "render/tree_layout.h"
+
+namespace tessera {
+namespace {
+
+// What a tint or a focus rectangle leaves free of an area: `x`, `y` on its left and top, `width`, `height` of
+// its size. The cell's border stays visible.
+struct Inset {
+  std::int32_t x, y, width, height;
+};
+
+// One inset for each kind of border: the single line, the sunken edge, and any other.
+struct InsetTable {
+  Inset line, sunken, other;
+
+  constexpr const Inset& of(std::int32_t borderStyle) const {
+    if (borderStyle == border::line) return line;
+    return borderStyle == border::sunkenInner ? sunken : other;
+  }
+};
+
+constexpr InsetTable rowTint{{0, 0, 2, 2}, {2, 2, 4, 4}, {2, 2, 5, 5}};
+constexpr InsetTable indicatorTint{{2, 1, 4, 3}, {1, 1, 2, 2}, {1, 1, 3, 3}};
+constexpr InsetTable headerTint{{1, 1, 3, 3}, {1, 1, 2, 2}, {1, 1, 3, 3}};
+constexpr InsetTable cellTint{{1, 1, 2, 2}, {2, 2, 4, 4}, {2, 2, 5, 5}};
+// Of the focus rectangle: `x`, `y` from the left and top, `width`, `height` from the right and bottom.
+constexpr InsetTable focusInset{{0, 0, 1, 1}, {1, 1, 1, 1}, {1, 1, 2, 2}};
+
+class FocusPainter {
+ public:
+  FocusPainter(const PaintContext& context, PaintResult& result)
+      : context_(context),
+        model_(context.model),
+        frame_(context.model.frame),
+        dataRect_(context.dataRect()),
+        alpha_(alpha()),
+        result_(result) {}
+
+  void paintRowMode() const {
+    if (model_.focus.SelectedRows.empty() || frame_.rowHeight <= 0) return;
+    const std::int32_t width = rowWidth();
+    const std::int32_t borderStyle =
+        model_.config.columns.empty() ? border::none : model_.config.columns.tail()->value().view.borderStyle;
+    const std::vector<RowNode*>& page = model_.page.VisibleRows;
+    for (std::size_t index = 0; index < page.size(); ++index) {
+      if (!context_.scratch.selected[index]) continue;
+      const Rect row = rowRect(static_cast<std::int32_t>(index), width);
+      if (row.top >= dataRect_.bottom) return;
+      tint(row, rowTint.of(borderStyle));
+      tintIndicator(row);
+      if (page[index] == model_.focus.SelectedRows.front()) drawFocusRect(row, focusInset.of(borderStyle));
+    }
+  }
+
+  void paintCellMode() const {
+    if (!model_.focus.FocusRow || !model_.focus.FocusColumn) return;
+    const ColumnRecord& column = model_.focus.FocusColumn->value();
+    model_.eval.ExprRow = model_.focus.FocusRow->row;
+    tintHeader(column);
+    const bool inView = paintFocusCell(column);
+    if (!inView && column.child.isPopupEdit() && model_.editorOpen) {
+      result_.editorPlace.reset();
+      result_.parkEditor = true;
+    }
+  }
+
+ private:
+  std::uint8_t alpha() const {
+    const std::int32_t rate = model_.settings.SelectedColorRate;
+    return model_.focus.state == FocusState::Outside ? static_cast<std::uint8_t>(rate) : alphaOfPercent(rate);
+  }
+
+  // The part of the columns that the page shows, from the client's left side.
+  std::int32_t rowWidth() const {
+    std::int32_t width = 0;
+    for (const ColumnRecord& column : model_.config.columns) width = std::max(width, column.view.rect.right);
+    return std::min(width, dataRect_.width());
+  }
+
+  Rect rowRect(std::int32_t index, std::int32_t right) const {
+    const std::int32_t top = addClamped(mulClamped(index, frame_.rowHeight), frame_.firstRowTop());
+    return {frame_.indicatorWidth, top, right, std::min(addClamped(top, frame_.rowHeight), dataRect_.bottom)};
+  }
+
+  void tint(const Rect& area, const Inset& inset) const {
+    const std::int32_t left = addClamped(area.left, inset.x);
+    const std::int32_t top = addClamped(area.top, inset.y);
+    const Rect tinted{left, top, addClamped(left, subClamped(area.width(), inset.width)),
+                      addClamped(top, subClamped(area.height(), inset.height))};
+    if (!tinted.empty()) context_.canvas.blend(tinted, model_.settings.SelectedColor, alpha_);
+  }
+
+  void tintIndicator(const Rect& row) const {
+    tint({0, row.top, frame_.indicatorWidth, row.bottom},
+         indicatorTint.of(model_.config.indicator.borderStyle));
+  }
+
+  void tintHeader(const ColumnRecord& column) const {
+    if (!model_.settings.ViewHeader) return;
+    Rect header = column.header.rect;
+    header.left = std::max(header.left, context_.clipLeft(column));
+    tint(header, headerTint.of(column.header.borderStyle));
+  }
+
+  void drawFocusRect(const Rect& area, const Inset& inset) const {
+    if (!model_.settings.FocusRect) return;
+    const Rect rect{addClamped(area.left, inset.x), addClamped(area.top, inset.y),
+                    subClamped(area.right, inset.width), subClamped(area.bottom, inset.height)};
+    if (!rect.empty()) context_.canvas.focusRect(rect);
+  }
+
+  // False when nothing of the focus cell is in view.
+  bool paintFocusCell(const ColumnRecord& column) const {
+    const std::int32_t index = model_.page.VisibleIndex(model_.focus.FocusRow);
+    if (index < 0 || frame_.rowHeight <= 0) return false;
+    Rect cell = cellRect(frame_, column, index);
+    if (cell.top >= dataRect_.bottom) return false;
+    cell.bottom = std::min(cell.bottom, dataRect_.bottom);
+    tintIndicator(rowRect(index, 0));
+    if (cell.left >= cell.right) return false;
+    if (hasPlainEditor(column)) {
+      result_.editorPlace = plainEditorPlace(column, cell);
+      return true;
+    }
+    decorate(column, cell);
+    if (cell.left >= cell.right) return false;
+    tint(cell, cellTint.of(column.view.borderStyle));
+    drawFocusRect(cell, focusInset.of(column.view.borderStyle));
+    return true;
+  }
+
+  bool hasPlainEditor(const ColumnRecord& column) const {
+    return model_.editorOpen && column.child.type == CellKind::Edit &&
+           column.child.subType == EditKind::Plain;
+  }
+
+  // In a tree column the editor starts where the text does.
+  Rect plainEditorPlace(const ColumnRecord& column, Rect place) const {
+    --place.right;
+    --place.bottom;
+    if (column.hasTree && model_.config.tree.rowMode != RowMode::Plain) {
+      const TreeLayout layout(model_.config.tree, column.view.leftMargin);
+      place.left = addClamped(place.left, layout.textLeft(*model_.focus.FocusRow, true));
+    }
+    return place;
+  }
+
+  // The button at the right of the cell takes its width from the cell.
+  void decorate(const ColumnRecord& column, Rect& cell) const {
+    if (model_.link.level(model_.focus.FocusRow->row) != 0) return;
+    const ChildSpec& child = column.child;
+    if (child.type == CellKind::Edit && child.subType != EditKind::Plain) {
+      drawButton(Glyph::PopupButton, cell);
+      if (child.subType == EditKind::Popup && model_.editorOpen) result_.editorPlace = cell;
+    } else if ((child.type == CellKind::Combo || child.type == CellKind::Lookup) &&
+               child.isEditable(model_.eval)) {
+      drawButton(Glyph::DropButton, cell);
+    }
+  }
+
+  void drawButton(Glyph glyph, Rect& cell) const {
+    const std::int32_t left = subClamped(cell.right, glyphSize(glyph).width);
+    Rect button = glyphRect(glyph, cell, left);
+    button.bottom = addClamped(button.top, glyphSize(glyph).height);
+    button.left = std::max(button.left, cell.left);
+    drawGlyph(context_.canvas, glyph, button, screen().face, cell.left);
+    cell.right = left;
+  }
+
+  const PaintContext& context_;
+  const PaintModel& model_;
+  const GridFrame& frame_;
+  Rect dataRect_;
+  std::uint8_t alpha_;
+  PaintResult& result_;
+};
+
+}  // namespace
+
+void paintFocus(const PaintContext& context, PaintResult& result) {
+  const FocusPainter painter(context, result);
+  if (context.model.focus.CellMode) {
+    painter.paintCellMode();
+  } else {
+    painter.paintRowMode();
+  }
+}
+
+}  // namespace tessera

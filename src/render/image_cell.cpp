@@ -1,0 +1,17 @@
+#include "render/cell_painters.h"
+
+namespace tessera {
+
+bool paintImageCell(const PaintContext& context, const CellJob& job) {
+  XValue& key = context.scratch.text.value;
+  context.model.link.valueByName(job.node.row, job.column.refColumnId, key);
+  if (key.type() != VT_BSTR) return false;
+  const BitmapRef picture = context.model.images.FindImage(key.asText());
+  DrawStyle style(job.column.view);
+  style.image = picture.get();
+  style.imageMode = style.align == align::full ? image_mode::stretched : image_mode::placed;
+  drawCell(context.target(), style, job.rect, {}, job.clipLeft);
+  return true;
+}
+
+}  // namespace tessera

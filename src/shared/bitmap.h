@@ -1,0 +1,42 @@
+// Pixels in memory.
+
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "shared/color.h"
+
+namespace tessera {
+
+// Rows of 32-bit pixels 0xAARRGGBB, top row first, no padding, alpha not multiplied in. What must hold:
+// pixels.size() is width * height.
+struct Bitmap {
+  std::int32_t width = 0;
+  std::int32_t height = 0;
+  std::vector<std::uint32_t> pixels;
+
+  Bitmap() = default;
+  Bitmap(std::int32_t w, std::int32_t h, std::uint32_t pixel = 0xFF000000)
+      : width(w), height(h), pixels(static_cast<std::size_t>(w) * static_cast<std::size_t>(h), pixel) {}
+
+  std::uint32_t at(std::int32_t x, std::int32_t y) const {
+    return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
+                  static_cast<std::size_t>(x)];
+  }
+};
+
+// A bitmap that records and caches share; nobody changes it after it was made.
+using BitmapRef = std::shared_ptr<const Bitmap>;
+
+constexpr std::uint32_t pixelOf(ColorRef color) {
+  return 0xFF000000u | static_cast<std::uint32_t>(redOf(color)) << 16 |
+         static_cast<std::uint32_t>(greenOf(color)) << 8 | blueOf(color);
+}
+constexpr ColorRef colorOfPixel(std::uint32_t pixel) {
+  return rgb(static_cast<std::uint8_t>(pixel >> 16), static_cast<std::uint8_t>(pixel >> 8),
+             static_cast<std::uint8_t>(pixel));
+}
+
+}  // namespace tessera

@@ -1,0 +1,41 @@
+// The one way up: what the parts of a grid may ask of the control that they belong to.
+
+#pragma once
+
+#include <cstdint>
+
+#include "shared/rect.h"
+
+namespace tessera {
+
+// The rows of the error table.
+enum class ErrorCode : std::int32_t {
+  ColumnInfo = 0,
+  BackgroundInfo = 1,
+  IndicatorInfo = 2,
+  MenuInfo = 3,
+  Expression = 4,
+  TooManyTreeColumns = 5,
+  NoTreeColumn = 6,
+  TreeLevelType = 7,
+  NoTreeLevelColumn = 8,
+  TreeLevelValue = 9,
+  SubsumExpr = 10,
+  ExcelCreate = 11,
+  ExcelInvoke = 12,
+  ExcelInternal = 13,
+};
+
+class GridServices {
+ public:
+  virtual ~GridServices() = default;
+  // Redraws `area` (null: everything) if drawing is on and there is a window.
+  virtual void Repaint(const Rect* area) = 0;
+  // Fires OnError with the code and its text.
+  virtual void ReportError(ErrorCode code) = 0;
+  // Raised by every Refresh: whoever lets the host run and then finds another number holds stale columns
+  // and rows.
+  virtual std::uint64_t generation() const = 0;
+};
+
+}  // namespace tessera

@@ -1,0 +1,212 @@
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string>
+#include <vector>
+
+#include "components/csv_writer.h"
+#include "components/data_set_fixture.h"
+#include "components/open_data_set.h"
+
+namespace tessera {
+namespace {
+
+using testing::storeOf;
+using testing::TempFolder;
+using testing::textAt;
+using testing::valueAt;
+
+struct TypeCase {
+  const char* cells;  // one a line
+  std::int32_t type;
+  std::int32_t scale;
+};
+
+TEST(CsvLoad, TypesAreToldFromTheCells) {
+  const TypeCase cases[] = {
+      {"1\n-20\n0\n", columnInteger, 0},
+      {"1\n\n3\n", columnInteger, 0},
+      {"2147483647\n-2147483648\n", columnInteger, 0},
+      {"2147483648\n1\n", columnLong, 0},
+      {"-2147483649\n", columnLong, 0},
+      {"9223372036854775807\n", columnLong, 0},
+      {"9223372036854775808\n", columnText, 0},
+      {"1.5\n2\n3.25\n", columnDecimal, 2},
+      {"0.125\n-0.5\n", columnDecimal, 3},
+      {"123456789012.345\n", columnDecimal, 3},
+      {"1234567890123.456\n", columnText, 0},
+      {"0.1234567890123456\n", columnText, 0},
+      {"1234567890123456\n0.5\n", columnText, 0},
+      {"1.50000000000000000000\n", columnDecimal, 20},
+      {"007\n1\n", columnText, 0},
+      {"00.5\n", columnText, 0},
+      {"-0\n", columnText, 0},
+      {"+1\n", columnText, 0},
+      {" 1\n", columnText, 0},
+      {"1e5\n", columnText, 0},
+      {".5\n", columnText, 0},
+      {"5.\n", columnText, 0},
+      {"1.2.3\n", columnText, 0},
+      {"-\n", columnText, 0},
+      {"nan\n", columnText, 0},
+      {"1\nx\n2.5\n", columnText, 0},
+      {"\n\n", columnText, 0},
+      {"", columnText, 0},
+  };
+  for (const TypeCase& c : cases) {
+    const ColumnStore store = storeOf(std::string("a\n") + c.cells);
+    EXPECT_EQ(store.column(0).format().type, c.type) << c.cells;
+    EXPECT_EQ(store.column(0).format().scale, c.scale) << c.cells;
+  }
+}
+
+TEST(CsvLoad, CellsAsValuesAndTexts) {
+  MemoryDataSet rows(storeOf("n,l,d,t\n1,5000000000,1.5,\xC3\xA4\xF0\x9F\x98\x80\n,,,\n-3,2,-0.25,x\n"));
+  EXPECT_EQ(valueAt(rows, 1, 1), XValue::ofInt(1));
+  EXPECT_EQ(valueAt(rows, 1, 2), XValue::ofInt64(5000000000));
+  EXPECT_EQ(valueAt(rows, 1, 3), XValue::ofDouble(1.5));
+  EXPECT_EQ(valueAt(rows, 1, 4), XValue::ofText(u"\u00E4\U0001F600"));
+  EXPECT_EQ(textAt(rows, 1, 3), "1.50");
+  EXPECT_EQ(textAt(rows, 3, 3), "-0.25");
+  for (std::int32_t column = 1; column <= 4; ++column) {
+    EXPECT_EQ(valueAt(rows, 2, column).type(), VT_EMPTY);
+    EXPECT_EQ(textAt(rows, 2, column), "");
+  }
+  for (const auto& [row, column] : {std::pair{0, 1}, {4, 1}, {1, 0}, {1, 5}, {-1, -1}}) {
+    EXPECT_EQ(valueAt(rows, row, column).type(), VT_EMPTY);
+    EXPECT_EQ(textAt(rows, row, column), "");
+  }
+}
+
+TEST(CsvLoad, GivenTypes) {
+  const std::vector<FieldSpec> fields = {{.name = "n", .type = columnInteger},
+                                         {.name = "d", .type = columnDecimal, .scale = 2},
+                                         {.name = "t", .type = columnText, .length = 40}};
+  MemoryDataSet rows(storeOf("n,d,t\n007,1.239, 5 \n +3 ,2e1,6\n", fields));
+  EXPECT_EQ(valueAt(rows, 1, 1), XValue::ofInt(7));
+  EXPECT_EQ(valueAt(rows, 2, 1), XValue::ofInt(3));
+  EXPECT_EQ(textAt(rows, 1, 2), "1.24");
+  EXPECT_EQ(valueAt(rows, 1, 2), XValue::ofDouble(1.239));
+  EXPECT_EQ(textAt(rows, 2, 2), "20.00");
+  EXPECT_EQ(textAt(rows, 1, 3), " 5 ");
+  EXPECT_EQ(testing::answer(rows, &DataSetControl::GetColumnLength, 3), 40);
+}
+
+struct FaultCase {
+  const char* csv;
+  std::vector<FieldSpec> fields;
+  const char* expected;
+};
+
+TEST(CsvLoad, FaultsNameFileLineAndReason) {
+  const FaultCase cases[] = {
+      {"a,b\n1\n", {}, ":2: 1 field instead of 2"},
+      {"a,,c\n", {}, ":1: column 2 has no name"},
+      {"a,b,a\n", {}, ":1: two columns are named a"},
+      {"a\n1\n", {{.name = "b"}}, ":1: there is no column b"},
+      {"a\n1\nx\n", {{.name = "a", .type = columnInteger}}, ":3: \"x\" in column a is not an integer"},
+      {"a\n2147483648\n",
+       {{.name = "a", .type = columnInteger}},
+       ":2: \"2147483648\" in column a is not an integer"},
+      {"a\n1.5\n", {{.name = "a", .type = columnLong}}, ":2: \"1.5\" in column a is not a whole number"},
+      {"a\ninf\n", {{.name = "a", .type = columnDecimal}}, ":2: \"inf\" in column a is not a decimal number"},
+  };
+  const TempFolder folder;
+  for (const FaultCase& c : cases) {
+    const std::string path = folder.write("bad.csv", c.csv);
+    const auto loaded = loadCsv(path, c.fields);
+    ASSERT_FALSE(loaded) << c.csv;
+    EXPECT_EQ(loaded.error().message(), path + c.expected);
+  }
+}
+
+TEST(CsvLoad, FilesThatCannotBeRead) {
+  const TempFolder folder;
+  EXPECT_EQ(loadCsv(folder.file("none.csv")).error().message(),
+            folder.file("none.csv") + ": it cannot be opened: No such file or directory");
+  EXPECT_EQ(loadCsv(folder.file("")).error().reason, "it is a folder and not a file");
+}
+
+TEST(CsvLoad, OptionsThatNameUnknownColumns) {
+  const TempFolder folder;
+  const DataSource source{.file = folder.write("a.csv", "a,b\n1,2\n")};
+  const std::pair<DataSetOptions, const char*> cases[] = {
+      {{.sort = "+a,-c"}, "the sort text \"+a,-c\" names a column that does not exist"},
+      {{.subsum = "1:c"}, "the groups \"1:c\" name a column that does not exist"},
+      {{.subsum = "1:a,b"}, "\"1:a,b\" is no list of groups"},
+      {{.level = "lv"}, "there is no level column lv"},
+  };
+  for (const auto& [options, reason] : cases) {
+    const auto opened = openDataSet(source, options);
+    ASSERT_FALSE(opened) << reason;
+    EXPECT_EQ(opened.error().reason, reason);
+  }
+}
+
+TEST(CsvWrite, RoundTripsByteForByte) {
+  const char* const files[] = {
+      "a,b,c,d\n1,1.50,x,5000000000\n-2,0.25,,\n,,\"q\"\"x\",7\n",
+      "a;b\n\"1;5\";x,y\n\"two\nlines\";\"cr\r\nlf\"\n",
+      "a\tb\n007\t1\n\xC3\xA4\t\xF0\x9F\x98\x80\n",
+      "a\n\"\"\nx\n",
+      "a,b\n12345678901234.50,1\n0.25,2\n",
+      "a\n123456789012.345000\n0.000001\n",
+      "a,b\n",
+  };
+  const TempFolder folder;
+  for (const char* const csv : files) {
+    auto opened = openDataSet({.file = folder.write("in.csv", csv)});
+    ASSERT_TRUE(opened) << opened.error().message();
+    ASSERT_FALSE(writeCsv(*opened->rows, folder.file("out.csv"), opened->delimiter));
+    EXPECT_EQ(folder.read("out.csv"), csv);
+  }
+}
+
+TEST(CsvWrite, LeavesOutDeletedAndSubtotalRowsAndKeepsPreciseDecimals) {
+  const TempFolder folder;
+  const DataSetOptions options{.keepDeleted = true, .subsum = "1:k"};
+  auto opened = openDataSet({.file = folder.write("in.csv", "k,d\na,0.5\na,1.5\nb,2.5\n")}, options);
+  MemoryDataSet& rows = *opened->rows;
+  rows.DeleteRow(2);
+  rows.SetValue(1, 2, XValue::ofDouble(0.1 + 0.2));
+  ASSERT_FALSE(saveDataSet(*opened));
+  EXPECT_EQ(folder.read("in.csv"), "k,d\na,0.3\nb,2.5\n");
+  EXPECT_EQ(testing::columnTexts(rows, 1), "a =a b =b");
+  EXPECT_FALSE(rows.isModified());
+  rows.SetValue(1, 2, XValue::ofDouble(0.125));
+  ASSERT_FALSE(saveDataSet(*opened));
+  EXPECT_EQ(folder.read("in.csv"), "k,d\na,0.125\nb,2.5\n");
+}
+
+TEST(CsvWrite, FailureLeavesTheOldFileAndNoOther) {
+  const TempFolder folder;
+  MemoryDataSet rows(storeOf("a\n1\n"));
+  rows.SetValue(1, 1, XValue::ofInt(2));
+  // A folder with something in it cannot be replaced by a file.
+  std::filesystem::create_directory(folder.file("taken"));
+  folder.write("taken/inside", "old");
+  const auto fault = saveCsv(rows, folder.file("taken"));
+  ASSERT_TRUE(fault);
+  EXPECT_EQ(fault->file, folder.file("taken"));
+  EXPECT_NE(fault->reason.find("cannot be replaced"), std::string::npos);
+  EXPECT_EQ(folder.read("taken/inside"), "old");
+  EXPECT_EQ(folder.names(), std::vector<std::string>{"taken"});
+  EXPECT_TRUE(rows.isModified());
+  EXPECT_TRUE(saveCsv(rows, folder.file("no/such/folder.csv")));
+}
+
+TEST(CsvWrite, KeepsLinkAndPermissions) {
+  namespace fs = std::filesystem;
+  const TempFolder folder;
+  folder.write("real.csv", "old");
+  fs::permissions(folder.file("real.csv"), fs::perms::owner_read | fs::perms::owner_write);
+  fs::create_symlink("real.csv", folder.file("link.csv"));
+  MemoryDataSet rows(storeOf("a\n1\n"));
+  ASSERT_FALSE(writeCsv(rows, folder.file("link.csv")));
+  EXPECT_TRUE(fs::is_symlink(folder.file("link.csv")));
+  EXPECT_EQ(folder.read("real.csv"), "a\n1\n");
+  EXPECT_EQ(fs::status(folder.file("real.csv")).permissions(),
+            fs::perms::owner_read | fs::perms::owner_write);
+}
+
+}  // namespace
+}  // namespace tessera

@@ -1,0 +1,77 @@
+// Handlers may call back into the grid from any event.
+
+#include "tests/control/control_fixture.h"
+
+namespace tessera {
+namespace {
+
+using namespace test;
+
+class Reentrancy : public ControlTest {
+ protected:
+  // Two columns, the first with an expression that does not compile.
+  static std::u16string withExpression(std::u16string_view expression) {
+    std::u16string text = twoColumns;
+    text.insert(text.find(u"text"), u"color=\"@" + std::u16string(expression) + u"\" ");
+    return text;
+  }
+};
+
+TEST_F(Reentrancy, OtherColumnsSetWhileColumnsAreRead) {
+  addData(3);
+  open();
+  events.inside = [this] { control.put_ColumnInfo(u"<GRID><COLUMN id=\"only\"/></GRID>"); };
+  control.put_ColumnInfo(XString(withExpression(u"(")));
+  EXPECT_EQ(events.take(), "OnError 4 Expression Error; ");
+  ASSERT_EQ(control.parts().config.columns.count(), 1);
+  EXPECT_EQ(control.parts().config.columns.head()->value().id, u"only");
+}
+
+TEST_F(Reentrancy, RefreshInsideAnErrorOfTheSameText) {
+  addData(3);
+  open();
+  events.inside = [this] { control.Refresh(); };
+  control.put_ColumnInfo(XString(withExpression(u")")));
+  EXPECT_EQ(control.parts().config.columns.count(), 2);
+  EXPECT_EQ(page(), "1-3 top 1 of 3 focus 1 a");
+}
+
+TEST_F(Reentrancy, DataSetGoesInsideAnError) {
+  addData(3);
+  open();
+  events.inside = [this] { control.put_DataID(u""); };
+  control.put_ColumnInfo(XString(withExpression(u"*")));
+  EXPECT_EQ(control.parts().link.dataSet(), nullptr);
+  control.Refresh();
+  control.windowResized();
+}
+
+TEST_F(Reentrancy, WindowGoesInsideAnError) {
+  addData(3);
+  open();
+  events.inside = [this] { control.windowDestroyed(); };
+  control.put_ColumnInfo(XString(withExpression(u"/")));
+  EXPECT_EQ(control.parts().window, nullptr);
+  control.windowCreated(window);
+  EXPECT_EQ(page(), "1-3 top 1 of 3 focus 1 a");
+}
+
+TEST_F(Reentrancy, IndicatorSetInsideItsOwnError) {
+  addData(3);
+  open();
+  events.inside = [this] { control.put_IndicatorInfo(u"<I width=\"40\"/>"); };
+  control.put_IndicatorInfo(u"<I width=\"30\" color=\"@(\"/>");
+  const GridParts& parts = control.parts();
+  EXPECT_EQ(parts.config.columns.head()->value().view.rect.left, parts.config.indicator.width);
+}
+
+TEST_F(Reentrancy, ListenerLeavesInsideItsEvent) {
+  EventLog other;
+  const std::uint32_t cookie = control.events().connect(&other);
+  events.inside = [&] { control.events().disconnect(cookie); };
+  control.ReportError(ErrorCode::MenuInfo);
+  EXPECT_EQ(other.take(), "");
+}
+
+}  // namespace
+}  // namespace tessera

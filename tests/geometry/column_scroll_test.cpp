@@ -1,0 +1,172 @@
+#include "geometry/column_scroll.h"
+
+#include <gtest/gtest.h>
+
+#include "geometry/scroll_bars.h"
+#include "tests/geometry/columns_of.h"
+
+namespace tessera {
+namespace {
+
+using test::columnsOf;
+using test::headersOf;
+
+// Remembers what the bars were told.
+class BarWindow : public Window {
+ public:
+  Size clientSize() const override { return {}; }
+  void repaint(const Rect*) override {}
+  void setBorder(WindowBorder) override {}
+  void setEnabled(bool) override {}
+  void setFocus() override {}
+  void setBarRange(Bar bar, const BarRange& range) override { ranges[index(bar)] = range; }
+  void setBarPosition(Bar bar, std::int32_t position) override { ranges[index(bar)].position = position; }
+  void showBar(Bar bar, bool on) override { shown[index(bar)] = on; }
+  void enableBar(Bar bar, bool on) override { enabled[index(bar)] = on; }
+
+  static std::size_t index(Bar bar) { return static_cast<std::size_t>(bar); }
+  BarRange ranges[2];
+  bool shown[2] = {false, false};
+  bool enabled[2] = {false, false};
+};
+
+struct ScrollFixture {
+  ScrollFixture(const char* text, std::int32_t width) : columns(columnsOf(text)) {
+    config.columns = columns;
+    metrics.measureHeights(columns);
+    metrics.closeFixedZone(columns);
+    frame.hasWindow = true;
+    frame.client = {width, 200};
+    frame.headerBand = metrics.HeaderHeight;
+    frame.rowHeight = metrics.RowHeight;
+    frame.anyFixed = metrics.AnyFixed;
+    if (frame.anyFixed) frame.fixed = fixedRange(columns);
+    update();
+  }
+  void update(std::int32_t which = bar_bit::both) {
+    UpdateScrollBars(scroll(), rows, settings, window, which);
+  }
+  ColumnScroll scroll() { return {columns, page, focus, frame}; }
+  ColumnRecord& column(std::string_view id) {
+    for (ColumnRecord& record : columns) {
+      if (utf8FromUtf16(record.id) == id) return record;
+    }
+    throw std::out_of_range("no such column");
+  }
+
+  GridConfig config;
+  ColumnList columns;
+  GridSettings settings;
+  GridMetrics metrics;
+  GridFrame frame;
+  PageView page;
+  FocusModel focus;
+  RowTree rows;
+  BarWindow window;
+};
+
+constexpr const char* fiveColumns =
+    "a 0 100 0 20\nb 100 200 0 20\nc 200 300 0 20\nd 300 400 0 20\ne 400 500 0 20";
+
+TEST(ColumnScroll, StepsColumnByColumnUntilTheLastOneShows) {
+  ScrollFixture f(fiveColumns, 250);
+  EXPECT_EQ(f.window.ranges[0].maximum, 4);  // 1 + the three stops after which e ends inside the view
+  EXPECT_EQ(f.scroll().StepRight(), 100);
+  EXPECT_EQ(headersOf(f.columns), "a:-100-0 b:0-100 c:100-200 d:200-300 e:300-400");
+  EXPECT_EQ(f.scroll().StepRight(), 100);
+  EXPECT_EQ(f.scroll().StepRight(), 100);
+  EXPECT_EQ(f.scroll().StepRight(), 0);
+  EXPECT_EQ(f.page.ColumnStop, 4);
+  EXPECT_EQ(f.focus.FocusLeft, -300);
+  EXPECT_EQ(f.scroll().StepLeft(), 100);
+  EXPECT_EQ(f.scroll().StepLeft(), 100);
+  EXPECT_EQ(f.scroll().StepLeft(), 100);
+  EXPECT_EQ(f.scroll().StepLeft(), 0);
+  EXPECT_EQ(headersOf(f.columns), "a:0-100 b:100-200 c:200-300 d:300-400 e:400-500");
+}
+
+TEST(ColumnScroll, FixedColumnsStay) {
+  ScrollFixture f("fixed 0 80 0 20 fix\nb 80 180 0 20\nc 180 280 0 20\nd 280 400 0 20", 200);
+  EXPECT_EQ(f.scroll().StepRight(), 100);
+  EXPECT_EQ(headersOf(f.columns), "fixed:0-80 b:-20-80 c:80-180 d:180-300");
+  EXPECT_EQ(f.scroll().PageColumns(), 2);
+}
+
+TEST(ColumnScroll, BringsColumnsIntoView) {
+  struct Case {
+    const char* id;
+    const char* expected;
+  };
+  for (const Case& c : {Case{"e", "a:-300--200 b:-200--100 c:-100-0 d:0-100 e:100-200"},
+                        Case{"c", "a:-100-0 b:0-100 c:100-200 d:200-300 e:300-400"},
+                        Case{"a", "a:0-100 b:100-200 c:200-300 d:300-400 e:400-500"}}) {
+    ScrollFixture f(fiveColumns, 250);
+    f.scroll().EnsureColumnVisible(f.column(c.id));
+    EXPECT_EQ(headersOf(f.columns), c.expected) << c.id;
+    f.scroll().EnsureColumnVisible(f.column("a"));
+    EXPECT_EQ(f.page.ColumnStop, 1) << c.id;
+  }
+}
+
+TEST(ColumnScroll, ColumnWiderThanThePageShowsItsLeftEnd) {
+  ScrollFixture f("a 0 100 0 20\nwide 100 900 0 20\nc 900 1000 0 20", 250);
+  f.scroll().EnsureColumnVisible(f.column("wide"));
+  EXPECT_EQ(headersOf(f.columns), "a:-100-0 wide:0-800 c:800-900");
+}
+
+TEST(ScrollBars, HorizontalBarFollowsTheColumns) {
+  struct Case {
+    const char* columns;
+    std::int32_t width;
+    std::int32_t maximum;  // 0: everything fits
+  };
+  const Case cases[] = {
+      {fiveColumns, 500, 0},
+      {fiveColumns, 499, 2},
+      {fiveColumns, 400, 3},  // one more than it takes: the step itself refuses there
+      {fiveColumns, 399, 3},
+      {fiveColumns, 50, 6},
+      {"a 0 100 0 20 fix\nb 100 200 0 20\nc 200 300 0 20", 250, 2},
+      {"a 0 100 0 20 fix\nb 100 400 0 20", 250, 1},
+      {"a 0 100 0 20\nb 0 100 20 40\nc 100 200 0 20", 150, 2},  // equal lefts are one stop
+      {"", 100, 0},
+  };
+  for (const Case& c : cases) {
+    ScrollFixture f(c.columns, c.width);
+    EXPECT_EQ(f.window.shown[0], c.maximum != 0) << c.columns << " in " << c.width;
+    if (c.maximum != 0) {
+      EXPECT_EQ(f.window.ranges[0].maximum, c.maximum) << c.columns << " in " << c.width;
+    }
+    EXPECT_EQ((f.page.ScrollBarsOn & bar_bit::horizontal) != 0, c.maximum != 0);
+  }
+}
+
+TEST(ScrollBars, WidenedWindowPullsHiddenColumnsBackIn) {
+  ScrollFixture f(fiveColumns, 250);
+  f.scroll().EnsureColumnVisible(f.column("e"));
+  f.frame.client.width = 450;
+  f.update();
+  EXPECT_EQ(headersOf(f.columns), "a:-100-0 b:0-100 c:100-200 d:200-300 e:300-400");
+  EXPECT_EQ(f.page.ColumnStop, 2);
+}
+
+TEST(ScrollBars, VerticalBarAndTheBarsThatStay) {
+  ScrollFixture f("a 0 100 0 20", 200);
+  f.rows.buildPlain(8);  // 20 header + 8 * 20 rows in 200 pixels: one too many, the last pixel is kept free
+  f.update();
+  EXPECT_EQ(f.frame.rowCapacity(), 8);
+  EXPECT_FALSE(f.window.shown[1]);
+  f.rows.buildPlain(9);
+  f.page.TopOrdinal = 2;
+  f.update();
+  EXPECT_EQ(f.window.ranges[1], (BarRange{1, 9, 8, 2}));
+  EXPECT_TRUE(f.window.shown[1] && f.window.enabled[1]);
+  f.rows.buildPlain(1);
+  f.settings.FixVScroll = true;
+  f.update(bar_bit::vertical);
+  EXPECT_TRUE(f.window.shown[1]);
+  EXPECT_FALSE(f.window.enabled[1]);
+}
+
+}  // namespace
+}  // namespace tessera

@@ -1,0 +1,130 @@
+#include "backends/raster/bitmap_painter.h"
+
+#include "raster/picture.h"
+
+namespace tessera {
+namespace {
+
+const Picture empty(3, "....");
+
+TEST(Blit, TakesThePartOfTheSource) {
+  const Bitmap source = bitmapOf({"rgb", "bbr"});
+  const struct {
+    Rect area;
+    std::int32_t sourceX, sourceY;
+    Picture expected;
+  } rows[] = {
+      {{0, 0, 3, 2}, 0, 0, {"rgb.", "bbr.", "...."}},
+      {{1, 1, 3, 3}, 1, 0, {"....", ".gb.", ".br."}},
+      {{-1, -1, 2, 1}, 0, 0, {"br..", "....", "...."}},
+      {{2, 2, 5, 4}, 0, 0, {"....", "....", "..rg"}},
+      {{0, 0, 4, 3}, 0, 0, {"rgb.", "bbr.", "...."}},
+      {{0, 0, 4, 3}, -1, -1, {"....", ".rgb", ".bbr"}},
+      {{0, 0, 4, 3}, 3, 0, empty},
+      {{0, 0, 4, 3}, least, least, empty},
+      {{0, 0, 4, 3}, most, most, empty},
+      {{least, least, most, most}, least, least, {"rgb.", "bbr.", "...."}},
+      {{least, least, most, most}, 0, 0, empty},
+      {{2, 2, 1, 1}, 0, 0, empty},
+  };
+  for (const auto& row : rows) {
+    WhiteCanvas canvas(4, 3);
+    canvas.blit(row.area, source, row.sourceX, row.sourceY);
+    EXPECT_EQ(pictureOf(canvas), row.expected) << row.area.left << ' ' << row.sourceX;
+  }
+}
+
+TEST(Stretch, RepeatsAndLeavesOutPixels) {
+  const struct {
+    Picture source;
+    Rect area;
+    Picture expected;
+  } rows[] = {
+      {{"rg"}, {0, 0, 4, 1}, {"rrgg", "....", "...."}},
+      {{"rg", "b#"}, {0, 0, 4, 3}, {"rrgg", "rrgg", "bb##"}},
+      {{"rgb#"}, {0, 0, 2, 1}, {"rb..", "....", "...."}},
+      {{"rgb"}, {0, 0, 2, 1}, {"rg..", "....", "...."}},
+      {{"rg"}, {0, 0, 3, 1}, {"rrg.", "....", "...."}},
+      {{"rgb"}, {-2, 0, 4, 1}, {"ggbb", "....", "...."}},
+      {{"rg"}, {2, -1, 6, 1}, {"..rr", "....", "...."}},
+      {{"rg", "b#"}, {least, least, most, most}, {"####", "####", "####"}},
+      {{"rg"}, {1, 1, 1, 2}, empty},
+      {{"rg"}, {3, 0, 1, 3}, empty},
+  };
+  for (const auto& row : rows) {
+    WhiteCanvas canvas(4, 3);
+    canvas.stretch(row.area, bitmapOf(row.source));
+    EXPECT_EQ(pictureOf(canvas), row.expected) << row.source.front() << ' ' << row.area.left;
+  }
+  WhiteCanvas canvas(2, 2);
+  canvas.stretch({0, 0, 2, 2}, Bitmap());
+  EXPECT_EQ(pictureOf(canvas), (Picture{"..", ".."}));
+}
+
+TEST(BlitKeyed, LeavesTheKeyOut) {
+  const Bitmap source = bitmapOf({"rgb#", "bbr#"});
+  const struct {
+    Rect area, from;
+    ColorRef key;
+    Picture expected;
+  } rows[] = {
+      {{0, 0, 4, 2}, {0, 0, 4, 2}, blue, {"rg.#", "..r#", "...."}},
+      {{0, 0, 4, 2}, {0, 0, 4, 2}, noColor, {"rgb#", "bbr#", "...."}},
+      {{0, 0, 4, 2}, {0, 0, 2, 1}, red, {"..gg", "..gg", "...."}},
+      {{1, 1, 3, 3}, {2, 0, 4, 2}, black, {"....", ".b..", ".r.."}},
+      {{0, 0, 4, 1}, {-1, 0, 3, 1}, noColor, {".rgb", "....", "...."}},
+      {{0, 0, 4, 1}, {2, 1, 6, 2}, noColor, {"r#..", "....", "...."}},
+      {{0, 0, 4, 3}, {least, least, most, most}, noColor, {"....", "....", "...."}},
+      {{least, least, most, most}, {least, least, most, most}, noColor, {"rgb#", "bbr#", "...."}},
+      {{0, 0, 4, 3}, {most, 0, least, 1}, noColor, empty},
+      {{0, 0, 4, 3}, {2, 0, 2, 2}, noColor, empty},
+  };
+  for (const auto& row : rows) {
+    WhiteCanvas canvas(4, 3);
+    canvas.blitKeyed(row.area, source, row.from, row.key);
+    EXPECT_EQ(pictureOf(canvas), row.expected) << row.area.left << ' ' << row.from.left;
+  }
+}
+
+TEST(BlitKeyed, IgnoresTheAlphaOfSourceAndKey) {
+  Bitmap source = bitmapOf({"rw"});
+  source.pixels[1] = 0x80FFFFFF;
+  RasterCanvas canvas({2, 1});
+  canvas.fill({0, 0, 2, 1}, black);
+  canvas.blitKeyed({0, 0, 2, 1}, source, {0, 0, 2, 1}, white);
+  EXPECT_EQ(pictureOf(canvas), (Picture{"r#"}));
+  EXPECT_EQ(canvas.pixel(0, 0), pixelOf(red));
+}
+
+TEST(BlitSurface, CopiesFromAnotherSurface) {
+  WhiteCanvas canvas(4, 3);
+  const std::unique_ptr<Canvas> surface = canvas.createSurface({2, 2});
+  surface->fill({0, 0, 2, 2}, red);
+  surface->fill({1, 1, 2, 2}, blue);
+  canvas.blitSurface({1, 0, 3, 2}, *surface, 0, 0);
+  canvas.blitSurface({3, 2, 4, 3}, *surface, 1, 1);
+  EXPECT_EQ(pictureOf(canvas), (Picture{".rr.", ".rb.", "...b"}));
+}
+
+TEST(BlitSurface, ScrollsASurfaceOverItself) {
+  const struct {
+    Rect area;
+    std::int32_t sourceX, sourceY;
+    Picture expected;
+  } rows[] = {
+      {{0, 1, 4, 4}, 0, 0, {"rgb#", "rgb#", "gb#r", "b#rg"}},
+      {{0, 0, 4, 3}, 0, 1, {"gb#r", "b#rg", "#rgb", "#rgb"}},
+      {{1, 0, 4, 4}, 0, 0, {"rrgb", "ggb#", "bb#r", "##rg"}},
+      {{0, 0, 3, 4}, 1, 0, {"gb##", "b#rr", "#rgg", "rgbb"}},
+      {{1, 1, 4, 4}, 0, 0, {"rgb#", "grgb", "bgb#", "#b#r"}},
+  };
+  for (const auto& row : rows) {
+    WhiteCanvas canvas(4, 4);
+    canvas.blit({0, 0, 4, 4}, bitmapOf({"rgb#", "gb#r", "b#rg", "#rgb"}), 0, 0);
+    canvas.blitSurface(row.area, canvas, row.sourceX, row.sourceY);
+    EXPECT_EQ(pictureOf(canvas), row.expected) << row.area.left << ' ' << row.area.top;
+  }
+}
+
+}  // namespace
+}  // namespace tessera

@@ -1,0 +1,92 @@
+#include "backends/raster/font_cache.h"
+
+#include <thread>
+
+#include "raster/text_picture.h"
+
+namespace tessera {
+namespace {
+
+TEST(FontCache, HandsOutOneFontForEqualLooks) {
+  FontCache cache;
+  const Font* const plain = &cache.font(fontOf("DejaVu Sans", -12));
+  EXPECT_EQ(&cache.font(fontOf("DejaVu Sans", -12, 400)), plain);
+  EXPECT_EQ(&cache.font(fontOf("DejaVu Sans", -12, 0, false, true)), plain);
+  EXPECT_NE(&cache.font(fontOf("DejaVu Sans", -12, 700)), plain);
+  EXPECT_NE(&cache.font(fontOf("DejaVu Sans", -13)), plain);
+  EXPECT_EQ(&cache.font(fontOf("DejaVu Sans", -12)), plain);
+}
+
+TEST(FontCache, ForgetsTheFontUnusedForLongest) {
+  FontCache cache;
+  const auto shapeIn = [&](std::int32_t height) {
+    return cache.shaper().shape(cache.font(fontOf("", -height)), u"e\u0301").width;
+  };
+  const std::int32_t first = shapeIn(10), kept = shapeIn(11);
+  const auto entriesAdded = [&](std::int32_t height) {
+    const std::size_t before = cache.glyphs().entries();
+    cache.font(fontOf("", -height)).glyph(U'x');
+    return cache.glyphs().entries() - before;
+  };
+  EXPECT_GT(entriesAdded(11), 0u);
+  for (std::int32_t height = 12; height < 12 + static_cast<std::int32_t>(FontCache::maxFonts); ++height) {
+    EXPECT_GT(shapeIn(height), 0);
+    EXPECT_EQ(entriesAdded(11), 0u) << "still the same font";
+  }
+  EXPECT_EQ(shapeIn(10), first);
+  EXPECT_EQ(shapeIn(11), kept);
+}
+
+TEST(GlyphCache, StaysInItsBoundAndDrawsTheSameAgain) {
+  const LogFont font = fontOf("", -600);
+  WhiteCanvas canvas(700, 700);
+  const auto drawn = [&](char16_t c) {
+    canvas.fill({0, 0, 700, 700}, white);
+    canvas.text({0, 0, 700, 700}, 0, 0, font, black, std::u16string_view(&c, 1));
+    return canvas.snapshot();
+  };
+  const Bitmap before = drawn(u'W');
+  std::size_t last = 0, flushes = 0;
+  for (char16_t c = u'\u0391'; c < u'\u0481'; ++c) {
+    drawn(c);
+    const std::size_t now = FontCache::ofThread().glyphs().pixelBytes();
+    EXPECT_LE(now, GlyphCache::pixelLimit);
+    flushes += now < last;
+    last = now;
+  }
+  EXPECT_GT(flushes, 0u);
+  EXPECT_EQ(drawn(u'W'), before);
+}
+
+TEST(TextShaper, KeepsWhatIsUsedWithinItsBound) {
+  FontCache cache;
+  Font& font = cache.font({});
+  const std::u16string hot = u"hot e\u0301";
+  cache.shaper().shape(font, hot);
+  for (std::uint32_t i = 0; i < 3000; ++i) {
+    std::u16string text(200, u'x');
+    text += {static_cast<char16_t>(u'a' + i % 26), static_cast<char16_t>(u'\u4E00' + i), u'\u0301'};
+    cache.shaper().shape(font, text);
+    const std::uint64_t before = cache.shaper().shapings();
+    cache.shaper().shape(font, hot);
+    ASSERT_EQ(cache.shaper().shapings(), before) << i;
+    ASSERT_LE(cache.shaper().textsKept() * 200, 2 * TextShaper::maxGlyphs) << "at 200 glyphs a text";
+  }
+}
+
+TEST(FontCache, GivesEveryThreadItsOwnWithEqualMeasures) {
+  const std::u16string text = u"Thread 스레드 e\u0301 אב";
+  const std::int32_t width = widthOf(text);
+  const Bitmap picture = textPicture(text);
+  std::vector<int> equal(4, 0);
+  std::vector<std::thread> threads;
+  threads.reserve(equal.size());
+  for (int& result : equal) {
+    threads.emplace_back([&] { result = widthOf(text) == width && textPicture(text) == picture; });
+  }
+  for (std::thread& thread : threads) thread.join();
+  EXPECT_EQ(equal, std::vector<int>(4, 1));
+}
+
+}  // namespace
+}  // namespace tessera

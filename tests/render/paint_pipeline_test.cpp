@@ -1,0 +1,110 @@
+#include "render/paint_pipeline.h"
+
+#include "render/paint_fixture.h"
+
+namespace tessera {
+namespace {
+
+class Pipeline : public PaintFixture {
+ protected:
+  Pipeline() {
+    config.indicator.width = 20;
+    ColumnRecord& column = addColumn(u"V");
+    column.summary.text = u"sum";
+    column.header.sortMark = 1;
+    column.header.sortBitmapUp = Glyph::SortUp;
+    settings.ViewSummary = SummaryBand::Bottom;
+    bind({u"V"}, {{u"a"}});
+  }
+};
+
+TEST_F(Pipeline, LayersOfASmallGrid) {
+  focus.FocusRow = rows.first();
+  focus.FocusColumn = config.columns.head();
+  const PaintResult result = paint();
+  EXPECT_TRUE(result.painted);
+  EXPECT_FALSE(result.editorPlace || result.parkEditor);
+  const Lines expected{
+      // Background: the client, and the table again in the background's own style.
+      "fill 0,0,400,100 ffffff",
+      "fill 20,20,120,100 ffffff",
+      // Rows, header band, summary band.
+      "fill 20,20,120,40 ffffff",
+      "line 19,19 119,19 119,39 19,39 19,19 808080 1",
+      "text 23,23,117,37 at 67,23 000000 \"a\"",
+      "fill 20,0,120,20 d4d0c8",
+      "edge 20,0,120,20 raised inner",
+      "keyed 84,7,92,14 glyph208 0,0,8,7 00ff00",
+      "text 23,3,117,17 at 67,3 000000 \"V\"",
+      "fill 20,80,120,100 ffffff",
+      "line 19,79 119,79 119,99 19,99 19,79 808080 1",
+      "text 23,83,117,97 at 60,83 000000 \"sum\"",
+      // Indicator: corner, row, summary.
+      "fill 0,0,20,20 d4d0c8",
+      "keyed 5,5,15,15 glyph214 0,0,10,10 00ff00",
+      "edge 0,0,20,20 raised inner",
+      "fill 0,20,20,40 d4d0c8",
+      "edge 0,20,20,40 raised inner",
+      "fill 0,80,20,100 d4d0c8",
+      "edge 0,80,20,100 raised inner",
+      // Selection: header, indicator, cell.
+      "blend 21,1,118,18 0000ff 20",
+      "blend 1,21,18,38 0000ff 20",
+      "blend 21,21,119,39 0000ff 20",
+      "focus 20,20,119,39",
+  };
+  EXPECT_EQ(canvas.lines(), expected);
+}
+
+TEST_F(Pipeline, OffMeansNothingIsDrawn) {
+  settings.Draw = false;
+  EXPECT_FALSE(paint().painted);
+  EXPECT_EQ(canvas.lines(), Lines{});
+  settings.Draw = true;
+  settings.ColumnInfo = u"";
+  EXPECT_FALSE(paint().painted);
+  EXPECT_EQ(canvas.lines(), Lines{});
+  fillWindowColor(canvas);
+  EXPECT_EQ(canvas.lines(), (Lines{"fill 0,0,400,100 ffffff"}));
+}
+
+TEST_F(Pipeline, WithoutColumnsOrDataBandsStay) {
+  link.releaseDataSet();
+  EXPECT_TRUE(paint().painted);
+  EXPECT_EQ(canvas.linesOf("text"), (Lines{"text 23,3,117,17 at 67,3 000000 \"V\""}));
+  config.columns.removeAll();
+  page.VisibleRows.clear();
+  focus.CellMode = false;
+  focus.SelectedRows = {rows.first()};
+  EXPECT_TRUE(paint().painted);
+  EXPECT_EQ(canvas.lines(), (Lines{"fill 0,0,400,100 ffffff"}));
+}
+
+TEST_F(Pipeline, BackgroundPictureLiesUnderTheTable) {
+  const auto picture = std::make_shared<Bitmap>(40, 30);
+  config.background.imageHandle = picture;
+  config.background.imageMode = image_mode::placed | image_mode::transparent;
+  config.background.align = align::right | align::bottom;
+  config.background.backColor = rgb(1, 2, 3);
+  paint();
+  const Lines expected{"fill 0,0,400,100 010203", "fill 20,20,120,100 010203",
+                       "keyed 80,70,120,100 40x30 0,0,40,30 none"};
+  EXPECT_EQ(Lines(canvas.lines().begin(), canvas.lines().begin() + 3), expected);
+  // The table is as wide as the widest view, at most the client.
+  config.columns.head()->value().view.rect.right = 1000;
+  paint();
+  EXPECT_EQ(canvas.lines()[1], "fill 20,20,400,100 010203");
+}
+
+TEST_F(Pipeline, LaterColumnsLieOverEarlierOnes) {
+  addColumn(u"W").view.rect = {70, 0, 170, 20};
+  bind({u"V", u"W"}, {{u"a", u"b"}, {u"c", u"d"}});
+  EXPECT_EQ(paintOnly("text 23,2").size() + canvas.linesOf("text 23,4").size(), 2u);
+  const Lines rowTexts = paintFrom("text 23,23");
+  ASSERT_GE(rowTexts.size(), 10u);
+  EXPECT_EQ(rowTexts[3], "text 23,43,117,57 at 67,43 000000 \"c\"");
+  EXPECT_EQ(rowTexts[6], "text 73,23,167,37 at 117,23 000000 \"b\"");
+}
+
+}  // namespace
+}  // namespace tessera

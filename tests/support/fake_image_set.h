@@ -1,0 +1,31 @@
+// An image set in memory for tests.
+
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include <tessera/image_set_control.h>
+
+#include "binding/data_link.h"
+
+namespace tessera {
+
+class FakeImageSet : public ImageSetControl, public PictureSource {
+ public:
+  std::map<std::string, Picture> pictures;
+
+  // A picture of one colour.
+  void add(const std::string& key, std::int32_t width, std::int32_t height);
+
+  HResult Advise(ImageSetNotifications*) override { return S_OK; }
+  void Unadvise(ImageSetNotifications*) override {}
+  void GetID(XString& id) override { id = u"images"; }
+  bool GetImage(const std::string& key, Picture& picture) override;
+};
+
+// Binds `link` to `imageSet`, whose notifications nobody hears.
+void bindTo(DataLink& link, std::shared_ptr<ImageSetControl> imageSet);
+
+}  // namespace tessera

@@ -1,0 +1,23 @@
+// The data sets and image sets of a form.
+
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "components/folder_image_set.h"
+#include "tools/tessera/form.h"
+
+namespace tessera {
+
+// In the order of the form's lists.
+struct FormComponents {
+  std::vector<OpenedDataSet> dataSets;
+  std::vector<std::shared_ptr<FolderImageSet>> imageSets;
+};
+
+// A fault in the data names the data's file and line, any other fault the form's. `pictures` is borrowed and
+// must outlive the image sets.
+Loaded<FormComponents> loadComponents(const Form& form, PictureLoader& pictures);
+
+}  // namespace tessera

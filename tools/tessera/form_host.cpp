@@ -1,0 +1,117 @@
+#include "tools/tessera/form_host.h"
+
+#include "backends/headless/enumeration_page.h"
+#include "backends/headless/html_page.h"
+#include "backends/headless/item_page.h"
+#include "hosting/persistence.h"
+#include "shared/compare.h"
+#include "shared/utf.h"
+
+namespace tessera {
+
+namespace {
+
+class FormPropertyBag : public PropertyBag {
+ public:
+  explicit FormPropertyBag(const std::vector<GridProperty>& properties) : properties_(properties) {}
+
+  bool read(const XString& name, XValue& value) override {
+    for (const GridProperty& property : properties_) {
+      if (utf16FromUtf8(property.name) != name.view()) continue;
+      value.setText(property.text);
+      return true;
+    }
+    return false;
+  }
+
+ private:
+  const std::vector<GridProperty>& properties_;
+};
+
+}  // namespace
+
+FormHost::FormHost(OpenedForm opened, ITesseraEvents* events)
+    : opened_(std::move(opened)),
+      client_(opened_.form.client),
+      page_(buildPage()),
+      site_(page_.get(), opened_.form.ambientFont(), opened_.form.codePage),
+      control_(std::make_unique<Tessera>(Ports{documents_, opened_.pictures.get(), &http_})) {
+  control_->setClientSite(&site_);
+  control_->quickActivate();
+  if (events) control_->events().connect(events);
+  loadProperties();
+  createWindow();
+}
+
+FormHost::~FormHost() { destroyWindow(); }
+
+// A document has elements around its components; the other containers hold the components alone.
+std::unique_ptr<Container> FormHost::buildPage() const {
+  const Form& form = opened_.form;
+  if (form.container == ContainerKind::Item) {
+    auto page = std::make_unique<ItemPage>();
+    for (const Form::Place& place : form.order) page->addItem(idAt(place), componentAt(place));
+    return page;
+  }
+  if (form.container == ContainerKind::Enumerate) {
+    auto page = std::make_unique<EnumerationPage>();
+    for (const Form::Place& place : form.order) page->addObject(componentAt(place));
+    return page;
+  }
+  auto page = std::make_unique<HtmlPage>();
+  page->addOther();
+  for (int plain = 0; plain < 3; ++plain) page->addElement({}, nullptr);  // html, head, body
+  for (const Form::Place& place : form.order) page->addElement(idAt(place), componentAt(place));
+  return page;
+}
+
+// The grid itself is nothing that a grid could find.
+std::shared_ptr<Component> FormHost::componentAt(const Form::Place& place) const {
+  const FormComponents& components = opened_.components;
+  if (place.kind == Form::Kind::DataSet) return components.dataSets[place.index].rows;
+  if (place.kind == Form::Kind::ImageSet) return components.imageSets[place.index];
+  return std::make_shared<Component>();
+}
+
+XString FormHost::idAt(const Form::Place& place) const {
+  const Form& form = opened_.form;
+  if (place.kind == Form::Kind::DataSet) return XString::fromNarrow(form.dataSets[place.index].options.id);
+  if (place.kind == Form::Kind::ImageSet) return XString::fromNarrow(form.imageSets[place.index].id);
+  return XString::fromNarrow(form.gridId);
+}
+
+void FormHost::loadProperties() {
+  FormPropertyBag bag(opened_.form.properties);
+  loadFromBag(control_->properties(), bag);
+}
+
+void FormHost::createWindow() {
+  if (window_) return;
+  window_ = std::make_unique<HeadlessWindow>(client_, [this](Canvas& canvas) { control_->onDraw(canvas); });
+  control_->windowCreated(*window_);
+  window_->update();
+}
+
+void FormHost::destroyWindow() {
+  if (!window_) return;
+  control_->windowDestroyed();
+  window_.reset();
+}
+
+void FormHost::resize(Size client) {
+  client_ = client;
+  if (!window_) return;
+  window_->resize(client);
+  control_->windowResized();
+  window_->update();
+}
+
+DataSetControl* FormHost::findDataSet(std::u16string_view id) {
+  const auto& forms = opened_.form.dataSets;
+  for (std::size_t i = 0; i < forms.size(); ++i) {
+    if (equalNoCase(utf16FromUtf8(forms[i].options.id), id)) return opened_.components.dataSets[i].rows.get();
+  }
+  return nullptr;
+}
+
+}  // namespace tessera

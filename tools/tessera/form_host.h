@@ -1,0 +1,55 @@
+// A form in the headless host.
+
+#pragma once
+
+#include <memory>
+
+#include "backends/headless/headless_site.h"
+#include "backends/headless/headless_window.h"
+#include "backends/headless/virtual_clock.h"
+#include "backends/native/curl_http_client.h"
+#include "backends/native/xml_document_reader.h"
+#include "control/tessera.h"
+#include "tools/tessera/open_form.h"
+
+namespace tessera {
+
+// The page with its components, the grid on it and the grid's window, which exists at the start.
+class FormHost {
+ public:
+  // `events` is borrowed and hears of everything from the loading of the properties on; it may be null.
+  explicit FormHost(OpenedForm opened, ITesseraEvents* events = nullptr);
+  ~FormHost();
+  FormHost(const FormHost&) = delete;
+  FormHost& operator=(const FormHost&) = delete;
+
+  Tessera& control() { return *control_; }
+  VirtualClock& clock() { return clock_; }
+  // Null while there is none.
+  HeadlessWindow* window() { return window_.get(); }
+  // Nothing when it is there already, or not there.
+  void createWindow();
+  void destroyWindow();
+  // The client size, of the present window or of the next one.
+  void resize(Size client);
+  // Ids compare without ASCII case, the first in the form counts; null when there is none.
+  DataSetControl* findDataSet(std::u16string_view id);
+
+ private:
+  std::unique_ptr<Container> buildPage() const;
+  std::shared_ptr<Component> componentAt(const Form::Place& place) const;
+  XString idAt(const Form::Place& place) const;
+  void loadProperties();
+
+  OpenedForm opened_;
+  Size client_;
+  VirtualClock clock_;
+  XmlDocumentReader documents_;
+  CurlHttpClient http_;
+  std::unique_ptr<Container> page_;
+  HeadlessSite site_;
+  std::unique_ptr<Tessera> control_;
+  std::unique_ptr<HeadlessWindow> window_;
+};
+
+}  // namespace tessera

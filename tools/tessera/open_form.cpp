@@ -1,0 +1,106 @@
+#include "tools/tessera/open_form.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <string_view>
+
+#include "backends/native/xml_document_reader.h"
+#include "components/sqlite_loader.h"
+#include "tools/tessera/form_reader.h"
+#include "tools/tessera/made_up_form.h"
+
+namespace tessera {
+
+namespace {
+
+enum class SourceKind { Form, Text, Database };
+
+struct Ending {
+  std::string_view ending;  // lower case
+  SourceKind kind;
+};
+
+constexpr Ending endings[] = {{".csv", SourceKind::Text},         {".tsv", SourceKind::Text},
+                              {".txt", SourceKind::Text},         {".sqlite", SourceKind::Database},
+                              {".sqlite3", SourceKind::Database}, {".db", SourceKind::Database}};
+
+constexpr std::string_view databaseMark = "SQLite format 3";
+
+SourceKind kindOf(const std::string& path) {
+  std::string ending = std::filesystem::path(path).extension().string();
+  std::transform(ending.begin(), ending.end(), ending.begin(),
+                 [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+  for (const Ending& row : endings) {
+    if (row.ending == ending) return row.kind;
+  }
+  std::array<char, databaseMark.size()> start{};
+  std::ifstream(path, std::ios::binary).read(start.data(), start.size());
+  const std::string_view begin(start.data(), start.size());
+  return begin == databaseMark ? SourceKind::Database : SourceKind::Form;
+}
+
+// The table behind "FILE:TABLE"; a file that has the whole name goes first.
+std::string splitTable(std::string& path) {
+  const std::size_t colon = path.rfind(':');
+  std::error_code error;
+  if (colon == std::string::npos || std::filesystem::exists(path, error)) return {};
+  if (kindOf(path.substr(0, colon)) != SourceKind::Database) return {};
+  std::string table = path.substr(colon + 1);
+  path.resize(colon);
+  return table;
+}
+
+Loaded<std::string> firstTable(const std::string& database) {
+  auto tables = loadSqliteQuery(database,
+                                "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE "
+                                "'sqlite\\_%' ESCAPE '\\' ORDER BY rowid LIMIT 1");
+  if (!tables) return tables.error();
+  if (tables->store.recordCount() == 0) return LoadError{database, 0, "the database has no table"};
+  NumberBuffer buffer;
+  return std::string(tables->store.column(0).shown(0, buffer));
+}
+
+Loaded<Form> describe(const std::string& name) {
+  DataSource source;
+  source.database = name;
+  source.table = splitTable(source.database);
+  switch (kindOf(source.database)) {
+    case SourceKind::Text:
+      return madeUpForm({.file = name});
+    case SourceKind::Database:
+      break;
+    default: {
+      XmlDocumentReader documents;
+      return readForm(documents, name);
+    }
+  }
+  if (source.table.empty()) {
+    const auto table = firstTable(source.database);
+    if (!table) return table.error();
+    source.table = *table;
+  }
+  return madeUpForm(source);
+}
+
+bool isMadeUp(const Form& form) { return form.dataSets.size() == 1 && form.dataSets.front().line == 0; }
+
+}  // namespace
+
+Loaded<OpenedForm> openForm(const std::string& name) {
+  auto form = describe(name);
+  if (!form) return form.error();
+  OpenedForm opened{std::move(*form), std::make_unique<PixbufPictureLoader>(), {}};
+  auto components = loadComponents(opened.form, *opened.pictures);
+  if (!components) return components.error();
+  opened.components = std::move(*components);
+  if (isMadeUp(opened.form)) {
+    MemoryDataSet& data = *opened.components.dataSets.front().rows;
+    opened.form.properties.push_back({"ColumnInfo", madeUpColumns(data, opened.form)});
+  }
+  return Loaded<OpenedForm>(std::move(opened));
+}
+
+}  // namespace tessera

@@ -1,0 +1,23 @@
+// Opens whatever a person names: a form, delimited text or a database.
+
+#pragma once
+
+#include <memory>
+
+#include "backends/native/pixbuf_picture_loader.h"
+#include "tools/tessera/form.h"
+#include "tools/tessera/form_components.h"
+
+namespace tessera {
+
+// A form with its data, before anything of it stands on a page.
+struct OpenedForm {
+  Form form;
+  std::unique_ptr<PictureLoader> pictures;  // of the image sets, and outlives them
+  FormComponents components;
+};
+
+// FORM, FILE.csv, FILE.sqlite or FILE.sqlite:TABLE. A database without a table opens with its first one.
+Loaded<OpenedForm> openForm(const std::string& name);
+
+}  // namespace tessera
