@@ -57,11 +57,32 @@ class HeadlessWindow : public Window {
   void setBarPosition(Bar bar, std::int32_t position) override;
   void showBar(Bar bar, bool shown) override;
   void enableBar(Bar bar, bool enabled) override;
+  std::int32_t trackingPosition(Bar bar) const override { return this->bar(bar).range.position; }
+  bool hasFocus() const override { return focused_; }
+  void setCapture(bool) override {}
+  void setCursor(Cursor) override {}
+  Modifiers modifiers() const override { return {}; }
+  Point pointer() const override { return {}; }
+  Point clientOrigin() const override { return {}; }
+  Rect screenRect() const override { return {0, 0, clientSize().width, clientSize().height}; }
+  Size screenSize() const override { return {1920, 1080}; }
+  std::int32_t wheelLines() const override { return 3; }
+  void startTimer(std::int32_t, std::int32_t) override {}
+  void stopTimer(std::int32_t) override {}
+  std::unique_ptr<EditBox> createEditBox(EditBoxOwner&) override { return nullptr; }
+  std::unique_ptr<ListBox> createListBox(ListBoxOwner&) override { return nullptr; }
+  InputMethod& inputMethod() override { return inputMethod_; }
+  std::int32_t trackPopupMenu(std::span<const PopupMenuItem>, Point) override { return 0; }
 
  private:
   HeadlessBar& state(Bar which) { return bars_[static_cast<std::size_t>(which)]; }
   void note(std::string call);
 
+  class NoInputMethod : public InputMethod {
+    void setNative(bool) override {}
+  };
+
+  NoInputMethod inputMethod_;
   Painter painter_;
   std::unique_ptr<RasterCanvas> canvas_;  // never null
   std::array<HeadlessBar, 2> bars_;

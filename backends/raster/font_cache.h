@@ -18,9 +18,9 @@ namespace tessera {
 // with the thread; so nothing is locked, and any thread may measure and draw, each on its own canvases. What
 // is handed out must not be kept from one call of the canvas to the next.
 //
-// Bounds, per thread: `maxFonts` fonts; `maxEntries` glyph records (48 bytes each, a code page counts as 32)
-// and what one more text can add; GlyphCache::pixelLimit bytes of glyph pixels; two times
-// TextShaper::maxGlyphs shaped glyphs.
+// Bounds, per thread: `maxFonts` fonts; `maxEntries` glyph records (about 64 bytes each, a page of 256
+// characters counts as 32) and what one more text can add; GlyphCache::pixelLimit bytes of glyph pixels; two
+// times TextShaper::maxGlyphs shaped glyphs.
 class FontCache {
  public:
   static constexpr std::size_t maxFonts = 64;

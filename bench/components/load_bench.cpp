@@ -137,15 +137,19 @@ void measureUse(MemoryDataSet& rows) {
   XValue above;
   XValue below;
   bool ordered = true;
+  int cityChanges = 0;
   for (std::int32_t row = 1; ordered && row < rowCount; ++row) {
     rows.GetValue(row, 8, above);
     rows.GetValue(row + 1, 8, below);
-    if (!(above == below)) continue;
+    if (!(above == below)) {
+      ++cityChanges;
+      continue;
+    }
     rows.GetValue(row, 5, above);
     rows.GetValue(row + 1, 5, below);
     ordered = above.asDouble() >= below.asDouble();
   }
-  check(ordered, "order after the sort");
+  check(ordered && cityChanges == 3, "order after the sort");
 
   start = Clock::now();
   std::int32_t found = 0;
@@ -165,9 +169,12 @@ int run(const std::filesystem::path& folder) {
   const Expected expected = writeRows(path);
   const auto fileBytes = static_cast<double>(std::filesystem::file_size(path));
   const double before = residentBytes();
+  const auto wallStart = std::chrono::steady_clock::now();
   auto start = Clock::now();
   auto loaded = loadCsv(path);
   const double seconds = secondsSince(start);
+  const double wallSeconds =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - wallStart).count();
   if (!loaded) {
     std::printf("FAILED: %s\n", loaded.error().message().c_str());
     return 1;
@@ -176,7 +183,9 @@ int run(const std::filesystem::path& folder) {
   const double mebibytes = (residentBytes() - before) / (1 << 20);
   const double speed = fileBytes / 1e6 / seconds;
   std::printf("file                         %8.1f MB\n", fileBytes / 1e6);
-  std::printf("load                         %8.1f MB/s (at least %.0f)\n", speed, leastMegabytesPerSecond);
+  std::printf(
+      "load                         %8.1f MB/s of processor time (at least %.0f), %.1f MB/s by the wall\n",
+      speed, leastMegabytesPerSecond, fileBytes / 1e6 / wallSeconds);
   std::printf("resident for a million rows  %8.1f MiB (at most %.0f), cells alone %.1f MiB\n", mebibytes,
               mostMebibytes, static_cast<double>(rows.store().memoryBytes()) / (1 << 20));
   check(speed >= leastMegabytesPerSecond, "speed of loading");

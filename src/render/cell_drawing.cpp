@@ -119,20 +119,6 @@ class CellTextDrawer {
 
 }  // namespace
 
-std::int32_t alignedX(std::int32_t align, const Rect& area, std::int32_t width) {
-  if ((align & align::left) != 0) return area.left;
-  if ((align & align::center) != 0) return addClamped(area.left, area.width() / 2 - width / 2);
-  if ((align & align::right) != 0) return subClamped(area.right, width);
-  return area.left;
-}
-
-std::int32_t alignedY(std::int32_t align, const Rect& area, std::int32_t height) {
-  if ((align & align::top) != 0) return area.top;
-  if ((align & align::middle) != 0) return addClamped(area.top, area.height() / 2 - height / 2);
-  if ((align & align::bottom) != 0) return subClamped(area.bottom, height);
-  return area.top;
-}
-
 void drawSortGlyph(Canvas& canvas, const CellStyle& record, const Rect& area, std::int32_t clipLeft) {
   const std::int32_t hidden = std::max(0, subClamped(clipLeft, area.left));
   if (record.sortMark < 1 || record.sortMark > 2 || hidden >= area.width()) return;

@@ -25,8 +25,4 @@ void paintTreeCell(const PaintContext& context, const CellJob& job, std::int32_t
 // The value test of check and radio cells: "F" in any case and texts that start with "0" are off.
 bool isOff(std::u16string_view value);
 
-// The side of the cell that a mark or a text stands at.
-enum class Side { Left, Center, Right };
-Side sideOf(std::int32_t align);
-
 }  // namespace tessera

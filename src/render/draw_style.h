@@ -38,8 +38,13 @@ struct DrawStyle {
   }
 };
 
-// Where something of the given size begins inside an area. Of several bits of one direction the first in the
-// order left, centre, right and top, middle, bottom counts; none counts as left and as top.
+// The side that a horizontal align puts things at: the first bit in the order left, centre, right; left
+// without any.
+enum class Side { Left, Center, Right };
+Side sideOf(std::int32_t align);
+
+// Where something of the given size begins inside an area. Vertically the first bit in the order top, middle,
+// bottom counts; top without any.
 std::int32_t alignedX(std::int32_t align, const Rect& area, std::int32_t width);
 std::int32_t alignedY(std::int32_t align, const Rect& area, std::int32_t height);
 

@@ -33,10 +33,4 @@ void paintDropCell(const PaintContext& context, const CellJob& job) {
   paintTextCell(context, job, hasButton);
 }
 
-Side sideOf(std::int32_t align) {
-  if ((align & align::left) != 0) return Side::Left;
-  if ((align & align::center) != 0) return Side::Center;
-  return (align & align::right) != 0 ? Side::Right : Side::Left;
-}
-
 }  // namespace tessera

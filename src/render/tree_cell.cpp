@@ -52,7 +52,7 @@ class TreeDrawer {
         x_(addClamped(job.rect.left, layout.lineX(level_))),
         middle_(addClamped(job.rect.top, job.rect.height() / 2)) {}
 
-  // `textHeight` is the height of the row's text.
+  // `textHeight` is the height of the row's text; only an expanded row asks for it.
   void draw(std::int32_t textHeight) const {
     if (tree_.hasLine) drawAncestorLines();
     if (job_.node.state != RowState::Leaf) {
@@ -157,8 +157,9 @@ void paintTreeCell(const PaintContext& context, const CellJob& job, std::int32_t
     drawCell(context.target(), style, job.rect, job.text, job.clipLeft);
   }
   if (job.rect.empty() || job.rect.right <= job.clipLeft) return;
+  const bool hasChildLine = job.node.state == RowState::Expanded;
   const CellStyle& measured = record ? *record : job.column.view;
-  TreeDrawer(context, job, layout).draw(textHeightOf(context, measured, job.text));
+  TreeDrawer(context, job, layout).draw(hasChildLine ? textHeightOf(context, measured, job.text) : 0);
 }
 
 }  // namespace tessera

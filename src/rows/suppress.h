@@ -18,8 +18,8 @@ struct SpanLimits {
 
 struct CellSpan {
   std::int32_t span = 1;  // rows that the cell covers, by dataset number
-  std::int32_t level =
-      0;  // 0: the row's view is the style; above: the group cell of that level; below: nothing
+  // 0: the view is the style; above: the group cell of that level; below: nothing is drawn.
+  std::int32_t level = 0;
 };
 
 // The text of any cell. There is no stored merge table: the run that starts at `row` is found by comparing

@@ -3,6 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
+
+#include <tessera/events.h>
 
 #include "shared/rect.h"
 
@@ -33,6 +36,10 @@ class GridServices {
   virtual void Repaint(const Rect* area) = 0;
   // Fires OnError with the code and its text.
   virtual void ReportError(ErrorCode code) = 0;
+  // Fires an event at all listeners. ask() is true unless the last answer is a VT_BOOL that says false; fire()
+  // gives the last answer, VT_EMPTY without one.
+  virtual XValue fire(EventId id, std::span<const XValue> arguments) = 0;
+  virtual bool ask(EventId id, std::span<const XValue> arguments) = 0;
   // Raised by every Refresh: whoever lets the host run and then finds another number holds stale columns
   // and rows.
   virtual std::uint64_t generation() const = 0;

@@ -94,9 +94,10 @@ TEST(Notifications, ChangesMadeInsideANotification) {
   // The sort by nothing puts the new row behind the loaded ones, and it stays current.
   EXPECT_EQ(testing::columnTexts(rows, 1), "2 3 ");
   EXPECT_EQ(testing::answer(rows, &DataSetControl::GetCurrentRow), 3);
-  EXPECT_EQ(sink.taken(),
-            "CellChanged(1,1) RowDeleted(1) RowInserted(1) RowsReset CurrentRowChanged(3) CurrentRowChanged(3) "
-            "CurrentRowChanged(3)");
+  EXPECT_EQ(
+      sink.taken(),
+      "CellChanged(1,1) RowDeleted(1) RowInserted(1) RowsReset CurrentRowChanged(3) CurrentRowChanged(3) "
+      "CurrentRowChanged(3)");
 }
 
 TEST(Notifications, EveryCurrentRowIsToldAndWrongOnesAreNot) {

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <numeric>
 #include <random>
 #include <string>
 #include <vector>
@@ -50,6 +51,45 @@ TEST(Sort, StableByEveryKeyInTurn) {
     EXPECT_EQ(columnTexts(rows, 1), c.ids) << c.sort;
     sortBy(rows, "");
     EXPECT_EQ(columnTexts(rows, 1), "1 2 3 4 5 6 7 8");
+  }
+}
+
+// The sort by pieces of cells against a stable sort that compares whole cells.
+TEST(Sort, AgreesWithAStableSortOfWholeCells) {
+  std::mt19937 random(3);
+  const auto pick = [&](int bound) { return static_cast<int>(random() % static_cast<unsigned>(bound)); };
+  std::string csv = "id,t,l,d\n";
+  for (int row = 0; row < 3000; ++row) {
+    std::string text;
+    for (int length = pick(23); length > 0; --length)
+      text += pick(12) == 0 ? "\xC3\xBF" : pick(9) == 0 ? "b" : "a";
+    const char* const longs[] = {"",
+                                 "-9223372036854775808",
+                                 "-9223372036854775807",
+                                 "9223372036854775807",
+                                 "0",
+                                 "-1",
+                                 "4294967296",
+                                 "4294967295"};
+    const std::string decimal = pick(9) == 0 ? "" : std::to_string(pick(7) - 3) + ".5";
+    csv += std::to_string(row) + "," + text + "," + longs[pick(8)] + "," + decimal + "\n";
+  }
+  for (const char* const sort : {"+t", "-t", "+l,-t", "-l,+d", "+d,-l,+t"}) {
+    MemoryDataSet rows(storeOf(csv));
+    const ColumnStore& store = rows.store();
+    const auto keys = parseSortKeys(wide(sort).view(), store);
+    std::vector<std::int32_t> expected(static_cast<std::size_t>(store.recordCount()));
+    std::iota(expected.begin(), expected.end(), 0);
+    std::stable_sort(expected.begin(), expected.end(), [&](std::int32_t a, std::int32_t b) {
+      for (const SortKey& key : *keys) {
+        const std::int32_t order = store.column(key.column).compare(a, b);
+        if (order != 0) return (order < 0) != key.descending;
+      }
+      return false;
+    });
+    sortBy(rows, sort);
+    for (std::int32_t row = 1; row <= rowCount(rows); ++row)
+      ASSERT_EQ(rows.entryAt(row), expected[static_cast<std::size_t>(row) - 1]) << sort << " row " << row;
   }
 }
 

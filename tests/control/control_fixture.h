@@ -14,29 +14,9 @@
 #include "control/tessera.h"
 #include "shared/change_type.h"
 #include "shared/utf.h"
+#include "tests/support/fake_window.h"
 
 namespace tessera::test {
-
-class TestWindow : public Window {
- public:
-  Size clientSize() const override { return size; }
-  void repaint(const Rect*) override { ++repaints; }
-  void setBorder(WindowBorder value) override { border = value; }
-  void setEnabled(bool value) override { enabled = value; }
-  void setFocus() override { ++focusCalls; }
-  void setBarRange(Bar bar, const BarRange& range) override { bars[bar] = range; }
-  void setBarPosition(Bar bar, std::int32_t position) override { bars[bar].position = position; }
-  void showBar(Bar bar, bool value) override { shown[bar] = value; }
-  void enableBar(Bar, bool) override {}
-
-  Size size{200, 101};  // header 20, four rows of 20, one pixel
-  int repaints = 0;
-  int focusCalls = 0;
-  WindowBorder border = WindowBorder::None;
-  bool enabled = true;
-  std::map<Bar, BarRange> bars;
-  std::map<Bar, bool> shown;
-};
 
 class TestSite : public ClientSite, public Container, public ItemContainer {
  public:
@@ -101,7 +81,7 @@ class ControlTest : public ::testing::Test {
 
   XmlDocumentReader documents;
   TestSite site;
-  TestWindow window;
+  FakeWindow window;  // header 20, four rows of 20, one pixel
   EventLog events;
   Tessera control{Ports{documents}};
 };

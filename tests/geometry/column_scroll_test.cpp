@@ -4,31 +4,13 @@
 
 #include "geometry/scroll_bars.h"
 #include "tests/geometry/columns_of.h"
+#include "tests/support/fake_window.h"
 
 namespace tessera {
 namespace {
 
 using test::columnsOf;
 using test::headersOf;
-
-// Remembers what the bars were told.
-class BarWindow : public Window {
- public:
-  Size clientSize() const override { return {}; }
-  void repaint(const Rect*) override {}
-  void setBorder(WindowBorder) override {}
-  void setEnabled(bool) override {}
-  void setFocus() override {}
-  void setBarRange(Bar bar, const BarRange& range) override { ranges[index(bar)] = range; }
-  void setBarPosition(Bar bar, std::int32_t position) override { ranges[index(bar)].position = position; }
-  void showBar(Bar bar, bool on) override { shown[index(bar)] = on; }
-  void enableBar(Bar bar, bool on) override { enabled[index(bar)] = on; }
-
-  static std::size_t index(Bar bar) { return static_cast<std::size_t>(bar); }
-  BarRange ranges[2];
-  bool shown[2] = {false, false};
-  bool enabled[2] = {false, false};
-};
 
 struct ScrollFixture {
   ScrollFixture(const char* text, std::int32_t width) : columns(columnsOf(text)) {
@@ -62,7 +44,7 @@ struct ScrollFixture {
   PageView page;
   FocusModel focus;
   RowTree rows;
-  BarWindow window;
+  test::FakeWindow window;
 };
 
 constexpr const char* fiveColumns =
@@ -70,7 +52,7 @@ constexpr const char* fiveColumns =
 
 TEST(ColumnScroll, StepsColumnByColumnUntilTheLastOneShows) {
   ScrollFixture f(fiveColumns, 250);
-  EXPECT_EQ(f.window.ranges[0].maximum, 4);  // 1 + the three stops after which e ends inside the view
+  EXPECT_EQ(f.window.bars[Bar::Horizontal].maximum, 4);  // 1 + the three stops after which e ends inside the view
   EXPECT_EQ(f.scroll().StepRight(), 100);
   EXPECT_EQ(headersOf(f.columns), "a:-100-0 b:0-100 c:100-200 d:200-300 e:300-400");
   EXPECT_EQ(f.scroll().StepRight(), 100);
@@ -133,9 +115,9 @@ TEST(ScrollBars, HorizontalBarFollowsTheColumns) {
   };
   for (const Case& c : cases) {
     ScrollFixture f(c.columns, c.width);
-    EXPECT_EQ(f.window.shown[0], c.maximum != 0) << c.columns << " in " << c.width;
+    EXPECT_EQ(f.window.shown[Bar::Horizontal], c.maximum != 0) << c.columns << " in " << c.width;
     if (c.maximum != 0) {
-      EXPECT_EQ(f.window.ranges[0].maximum, c.maximum) << c.columns << " in " << c.width;
+      EXPECT_EQ(f.window.bars[Bar::Horizontal].maximum, c.maximum) << c.columns << " in " << c.width;
     }
     EXPECT_EQ((f.page.ScrollBarsOn & bar_bit::horizontal) != 0, c.maximum != 0);
   }
@@ -155,17 +137,17 @@ TEST(ScrollBars, VerticalBarAndTheBarsThatStay) {
   f.rows.buildPlain(8);  // 20 header + 8 * 20 rows in 200 pixels: one too many, the last pixel is kept free
   f.update();
   EXPECT_EQ(f.frame.rowCapacity(), 8);
-  EXPECT_FALSE(f.window.shown[1]);
+  EXPECT_FALSE(f.window.shown[Bar::Vertical]);
   f.rows.buildPlain(9);
   f.page.TopOrdinal = 2;
   f.update();
-  EXPECT_EQ(f.window.ranges[1], (BarRange{1, 9, 8, 2}));
-  EXPECT_TRUE(f.window.shown[1] && f.window.enabled[1]);
+  EXPECT_EQ(f.window.bars[Bar::Vertical], (BarRange{1, 9, 8, 2}));
+  EXPECT_TRUE(f.window.shown[Bar::Vertical] && f.window.barEnabled[Bar::Vertical]);
   f.rows.buildPlain(1);
   f.settings.FixVScroll = true;
   f.update(bar_bit::vertical);
-  EXPECT_TRUE(f.window.shown[1]);
-  EXPECT_FALSE(f.window.enabled[1]);
+  EXPECT_TRUE(f.window.shown[Bar::Vertical]);
+  EXPECT_FALSE(f.window.barEnabled[Bar::Vertical]);
 }
 
 }  // namespace

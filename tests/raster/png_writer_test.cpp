@@ -64,6 +64,12 @@ TEST(Png, KeepsASnapshot) {
   EXPECT_EQ(decoded(encodePng(shot)).pixels, shot.pixels);
 }
 
+TEST(Snapshot, IsOpaque) {
+  RasterCanvas canvas({2, 1});
+  canvas.blit({1, 0, 2, 1}, bitmapOf({"r"}), 0, 0);
+  EXPECT_EQ(canvas.snapshot().pixels, (std::vector<std::uint32_t>{pixelOf(black), pixelOf(red)}));
+}
+
 TEST(Png, IsWrittenToAFile) {
   const std::string path = ::testing::TempDir() + "tessera-png-격자.png";
   const Bitmap bitmap = manyColours();

@@ -109,8 +109,31 @@ TEST(LongText, OfOneWordIsMeasuredInPassing) {
   std::u16string text;
   for (int i = 0; i < 1000; ++i) text += std::u16string(1500, u'w') + u"\u0301";
   EXPECT_EQ(widthOf(text), 1000 * (1500 * widthOf(u"w")));
-  const std::u16string word = std::u16string(200'000, u'w') + u"\u0303";
+  const std::u16string word = std::u16string(200'000, u'v') + u"\u0303";
   EXPECT_EQ(shapingsIn([&] { widthOf(word); }), 1u);
+}
+
+TEST(Segments, AreCutWhereNothingBelongsTogether) {
+  Font& font = FontCache::ofThread().font({});
+  const struct {
+    std::u16string text;
+    std::vector<std::u16string> pieces;  // the shaped ones start with an asterisk
+  } rows[] = {
+      {u"only simple words", {u"only simple words"}},
+      {u"two words e\u0301 here", {u"two words ", u"*e\u0301 here"}},
+      {u"on a \u0301mark", {u"on ", u"*a \u0301mark"}},
+      {u"a  \u0301mark", {u"a ", u"* \u0301mark"}},
+      {u"אב cd", {u"*אב cd"}},
+      {u"12 (אב) cd", {u"12 ", u"*(אב) cd"}},
+  };
+  for (const auto& row : rows) {
+    std::vector<std::u16string> pieces;
+    TextSegments segments(font, row.text);
+    for (TextSegment segment; segments.next(1 << 30, segment);) {
+      pieces.push_back((segment.shaped ? u"*" : u"") + std::u16string(segment.text));
+    }
+    EXPECT_EQ(pieces, row.pieces) << row.text.size();
+  }
 }
 
 TEST(Segments, CoverTheTextWithoutOverlap) {

@@ -1,21 +1,6 @@
-#include <atomic>
-#include <cstdlib>
-#include <new>
-
 #include "render/paint_fixture.h"
 #include "rows/suppress.h"
-
-namespace {
-std::atomic<std::uint64_t> allocations = 0;
-}
-
-void* operator new(std::size_t size) {
-  ++allocations;
-  if (void* memory = std::malloc(size ? size : 1)) return memory;
-  throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+#include "shared/counted_memory.h"
 
 namespace tessera {
 namespace {
@@ -78,9 +63,9 @@ TEST_F(WarmPaint, AllocatesNothing) {
   pipeline.paint(blank, model);
   pipeline.paint(blank, model);
   const int texts = blank.texts;
-  const std::uint64_t before = allocations;
+  const std::int64_t before = test::allocationCount();
   ASSERT_TRUE(pipeline.paint(blank, model).painted);
-  EXPECT_EQ(allocations - before, 0u);
+  EXPECT_EQ(test::allocationCount() - before, 0);
   EXPECT_EQ(blank.texts, texts / 2 * 3);
   EXPECT_GT(texts, 40);
 }

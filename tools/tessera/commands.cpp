@@ -165,7 +165,8 @@ Reply runWindow(CommandContext& context, const Arguments& arguments) {
   if (verb != "create") return Reply::error("a window can be created or destroyed");
   if (context.host.window()) return Reply::error("there is a window already");
   context.host.createWindow();
-  return Reply::ofLines(context.host.window()->takeCalls());
+  HeadlessWindow* window = context.host.window();
+  return window ? Reply::ofLines(window->takeCalls()) : noWindow();
 }
 
 Reply runSize(CommandContext& context, const Arguments& arguments) {

@@ -19,6 +19,7 @@ int Console::run(std::istream& in) {
     if (line.starts_with('#') || line.find_first_not_of(" \t") == std::string::npos) continue;
     if (options_.echo) transcript_.line("> " + line);
     execute(line);
+    host_.forgetWindows();
     transcript_.flush();
   }
   return transcript_.ended() ? 1 : 0;

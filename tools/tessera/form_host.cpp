@@ -89,13 +89,13 @@ void FormHost::createWindow() {
   if (window_) return;
   window_ = std::make_unique<HeadlessWindow>(client_, [this](Canvas& canvas) { control_->onDraw(canvas); });
   control_->windowCreated(*window_);
-  window_->update();
+  if (window_) window_->update();
 }
 
 void FormHost::destroyWindow() {
   if (!window_) return;
   control_->windowDestroyed();
-  window_.reset();
+  destroyed_.push_back(std::move(window_));
 }
 
 void FormHost::resize(Size client) {
@@ -103,7 +103,7 @@ void FormHost::resize(Size client) {
   if (!window_) return;
   window_->resize(client);
   control_->windowResized();
-  window_->update();
+  if (window_) window_->update();
 }
 
 DataSetControl* FormHost::findDataSet(std::u16string_view id) {

@@ -27,9 +27,12 @@ class FormHost {
   VirtualClock& clock() { return clock_; }
   // Null while there is none.
   HeadlessWindow* window() { return window_.get(); }
-  // Nothing when it is there already, or not there.
+  // Nothing when it is there already, or not there. A destroyed window may still be in the middle of a call,
+  // since handlers of events may destroy it: it is kept until forgetWindows().
   void createWindow();
   void destroyWindow();
+  // What must hold: no call of the control is under way.
+  void forgetWindows() { destroyed_.clear(); }
   // The client size, of the present window or of the next one.
   void resize(Size client);
   // Ids compare without ASCII case, the first in the form counts; null when there is none.
@@ -50,6 +53,7 @@ class FormHost {
   HeadlessSite site_;
   std::unique_ptr<Tessera> control_;
   std::unique_ptr<HeadlessWindow> window_;
+  std::vector<std::unique_ptr<HeadlessWindow>> destroyed_;
 };
 
 }  // namespace tessera

@@ -1,0 +1,58 @@
+// The parts that a control is composed of.
+
+#pragma once
+
+#include "binding/data_link.h"
+#include "binding/image_cache.h"
+#include "config/grid_config.h"
+#include "config/grid_settings.h"
+#include "expr/expression_engine.h"
+#include "geometry/focus_model.h"
+#include "geometry/grid_frame.h"
+#include "geometry/page_loader.h"
+#include "geometry/page_view.h"
+#include "geometry/scroll_bars.h"
+#include "interaction/editor_model.h"
+#include "interaction/mouse_model.h"
+#include "platform/window.h"
+#include "rows/row_tree.h"
+
+namespace tessera {
+
+// Owned by the control. The controllers and the control work on it; everything below takes just the parts that
+// it needs.
+struct GridParts {
+  GridSettings settings;
+  GridConfig config;
+  DataLink link;
+  ImageCache images;
+  RowTree rows;
+  GridMetrics metrics;
+  PageView page;
+  FocusModel focus;
+  EditorModel editor;
+  MouseModel mouse;
+  ExpressionEngine expressions;
+  EvalState eval;
+  Window* window = nullptr;  // between the window's creation and its destruction
+
+  GridFrame frame() const {
+    Size client;
+    if (window) client = window->clientSize();
+    return frameOf(config, settings, metrics, window ? &client : nullptr);
+  }
+  PageLoader loader(const GridFrame& frame) {
+    return {config.columns, metrics, page, rows, focus, link, frame};
+  }
+  // Recomputes the bars of `which` (bar_bit); nothing without a window.
+  void updateBars(std::int32_t which) {
+    if (!window) return;
+    const GridFrame now = frame();
+    UpdateScrollBars({config.columns, page, focus, now}, rows, settings, *window, which);
+  }
+  void applyBorder() {
+    if (window) window->setBorder(static_cast<WindowBorder>(config.borderStyle));
+  }
+};
+
+}  // namespace tessera

@@ -1,0 +1,20 @@
+// What a popup menu shows.
+
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include <tessera/xstring.h>
+
+namespace tessera {
+
+struct PopupMenuItem {
+  bool separator = false;
+  bool enabled = true;
+  XString text;
+  std::int32_t code = 0;
+  std::vector<PopupMenuItem> children;
+};
+
+}  // namespace tessera
