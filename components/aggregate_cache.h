@@ -9,10 +9,10 @@
 
 namespace tessera {
 
-enum class Aggregate : std::uint8_t { sum, greatest, least, average, count };
+enum class RangeFigure : std::uint8_t { sum, greatest, least, average, count };
 
 struct AggregateQuery {
-  Aggregate kind = Aggregate::sum;
+  RangeFigure kind = RangeFigure::sum;
   std::int32_t column = 0;
   std::int32_t from = 0;
   std::int32_t to = 0;

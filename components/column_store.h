@@ -38,7 +38,6 @@ class ColumnStore {
   std::int32_t newRecord();
   // The record holds nothing and may be used again.
   void releaseRecord(std::int32_t record);
-  bool hasReleased() const { return !released_.empty(); }
 
   std::size_t memoryBytes() const;
 

@@ -165,7 +165,7 @@ CsvReader::Scan CsvReader::scanQuoted(char*& at, std::int64_t& line) {
     }
     line += std::count(at, quote, '\n');
     at = quote;
-    if (at + 1 == end && !atEnd_) return Scan::needsMore;
+    // A quote at the end of the buffer counts as closing; endOfField() asks for more bytes then.
     if (at + 1 == end || at[1] != '"') break;
   }
   if (doubled) doubled_.push_back(fields_.size());

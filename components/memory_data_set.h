@@ -136,7 +136,7 @@ class MemoryDataSet final : public DataSetControl {
   Range rangeOf(std::int32_t from, std::int32_t to) const;
   Range groupAround(std::int32_t row, std::int32_t level) const;
   bool closesGroup(std::int32_t row, std::int32_t level) const;
-  const XValue& aggregate(Aggregate kind, std::int32_t column, std::int32_t from, std::int32_t to);
+  const XValue& aggregate(RangeFigure kind, std::int32_t column, std::int32_t from, std::int32_t to);
   void compute(const AggregateQuery& query, XValue& result) const;
 
   void takeNewStore();

@@ -14,27 +14,27 @@ MemoryDataSet::Range MemoryDataSet::rangeOf(std::int32_t from, std::int32_t to) 
 void MemoryDataSet::compute(const AggregateQuery& query, XValue& result) const {
   const Range range = rangeOf(query.from, query.to);
   const DataRows rows = dataRows();
-  if (query.kind == Aggregate::count) {
+  if (query.kind == RangeFigure::count) {
     std::int32_t count = 0;
     rows.each(range.begin, range.end, [&](std::int32_t) { ++count; });
     return result.setInt(count);
   }
   const Column& column = store_.column(query.column - 1);
-  if (query.kind == Aggregate::greatest || query.kind == Aggregate::least) {
+  if (query.kind == RangeFigure::greatest || query.kind == RangeFigure::least) {
     const std::int32_t record =
-        extremeOf(rows, column, range.begin, range.end, query.kind == Aggregate::greatest);
+        extremeOf(rows, column, range.begin, range.end, query.kind == RangeFigure::greatest);
     return record < 0 ? result.setEmpty() : column.value(record, result);
   }
   const Total total = totalOf(rows, column, range.begin, range.end);
-  if (query.kind == Aggregate::sum) return total.value(column, result);
+  if (query.kind == RangeFigure::sum) return total.value(column, result);
   if (total.count() == 0) return result.setEmpty();
   result.setDouble(withoutRoundingNoise(total.real() / static_cast<double>(total.count())));
 }
 
-const XValue& MemoryDataSet::aggregate(Aggregate kind, std::int32_t column, std::int32_t from,
+const XValue& MemoryDataSet::aggregate(RangeFigure kind, std::int32_t column, std::int32_t from,
                                        std::int32_t to) {
   const AggregateQuery query{kind, column, from, to};
-  if (kind != Aggregate::count && !hasColumn(column)) {
+  if (kind != RangeFigure::count && !hasColumn(column)) {
     scratch_.setEmpty();
     return scratch_;
   }
@@ -42,23 +42,23 @@ const XValue& MemoryDataSet::aggregate(Aggregate kind, std::int32_t column, std:
 }
 
 void MemoryDataSet::SumRange(std::int32_t column, std::int32_t from, std::int32_t to, XValue& value) {
-  value = aggregate(Aggregate::sum, column, from, to);
+  value = aggregate(RangeFigure::sum, column, from, to);
 }
 
 void MemoryDataSet::MaxRange(std::int32_t column, std::int32_t from, std::int32_t to, XValue& value) {
-  value = aggregate(Aggregate::greatest, column, from, to);
+  value = aggregate(RangeFigure::greatest, column, from, to);
 }
 
 void MemoryDataSet::MinRange(std::int32_t column, std::int32_t from, std::int32_t to, XValue& value) {
-  value = aggregate(Aggregate::least, column, from, to);
+  value = aggregate(RangeFigure::least, column, from, to);
 }
 
 void MemoryDataSet::AverageRange(std::int32_t column, std::int32_t from, std::int32_t to, XValue& value) {
-  value = aggregate(Aggregate::average, column, from, to);
+  value = aggregate(RangeFigure::average, column, from, to);
 }
 
 void MemoryDataSet::RealCount(std::int32_t from, std::int32_t to, std::int32_t& count) {
-  count = aggregate(Aggregate::count, 0, from, to).asInt();
+  count = aggregate(RangeFigure::count, 0, from, to).asInt();
 }
 
 // Whether the summary row in `row` (from 0) ends groups of `level`: it is of that level or an outer one. A

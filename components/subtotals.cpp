@@ -128,11 +128,6 @@ void Subtotals::rowChanged(std::int32_t row) {
     if (const auto line = lineAt(lines, row); line != lines.end()) line->stale = true;
 }
 
-void Subtotals::allChanged() {
-  for (Lines& lines : lines_)
-    for (Line& line : lines) line.stale = true;
-}
-
 std::int32_t Subtotals::subtotalAfter(std::int32_t row, std::int32_t depth) const {
   std::int32_t nearest = -1;
   for (std::int32_t d = 1; d <= depth; ++d) {

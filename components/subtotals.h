@@ -51,7 +51,6 @@ class Subtotals {
   std::int32_t rowErased(std::int32_t row, std::int32_t record, RowOrder& order);
   // The sums over this data row are stale.
   void rowChanged(std::int32_t row);
-  void allChanged();
 
   // The nearest subtotal row of this depth or an outer one: at or after `row`, or before it. -1 without one.
   std::int32_t subtotalAfter(std::int32_t row, std::int32_t depth) const;

@@ -6,7 +6,7 @@
 namespace tessera {
 namespace {
 
-constexpr std::size_t smallestWaste = 64 * 1024;
+constexpr std::size_t smallestWaste = std::size_t{64} << 10;
 
 std::size_t lengthBytes(std::size_t length) {
   std::size_t bytes = 1;

@@ -49,8 +49,8 @@ class Total {
   void addReal(double value);
   std::int64_t count() const { return count_; }
   double real() const { return wholeFits_ ? static_cast<double>(whole_) + real_ + lost_ : real_ + lost_; }
-  // Whole numbers as VT_I4 when they fit and `narrow` is set, else as VT_I8, past that and for decimals as
-  // VT_R8; VT_EMPTY when nothing was added.
+  // For an integer column VT_I4 when it fits; other whole numbers VT_I8, past that and for decimals VT_R8;
+  // VT_EMPTY when nothing was added.
   void value(const Column& column, XValue& result) const;
 
  private:

@@ -11,7 +11,21 @@ namespace {
 // A session of days must not fill the memory with calls that nobody takes.
 constexpr std::size_t maxCalls = 256;
 
-constexpr std::array<std::string_view, 5> borderNames = {"none", "line", "sunken", "raised", "frame"};
+struct BorderLook {
+  std::string_view name;
+  std::int32_t width;  // pixels on each side
+};
+constexpr std::array<BorderLook, 5> borders = {
+    {{"none", 0}, {"line", 1}, {"sunken", 2}, {"raised", 2}, {"frame", 3}}};
+
+const BorderLook& lookOf(WindowBorder border) { return borders[static_cast<std::size_t>(border)]; }
+
+constexpr std::int32_t barThickness = 17;
+
+namespace message {
+constexpr std::uint32_t setFocus = 7, killFocus = 8, hscroll = 276, vscroll = 277;
+}
+constexpr std::uint64_t thumbPosition = 4, thumbTrack = 5;
 
 Size boundedSize(Size size) {
   return {std::clamp(size.width, 0, HeadlessWindow::maxSide),
@@ -24,11 +38,82 @@ std::string barCall(Bar bar, std::string_view what) {
 
 }  // namespace
 
-HeadlessWindow::HeadlessWindow(Size client, Painter painter)
-    : painter_(std::move(painter)), canvas_(std::make_unique<RasterCanvas>(boundedSize(client))) {}
+HeadlessWindow::HeadlessWindow(Size client, Painter painter, std::shared_ptr<HeadlessDesktop> desktop)
+    : desktop_(std::move(desktop)),
+      painter_(std::move(painter)),
+      canvas_(std::make_shared<RasterCanvas>(boundedSize(client))) {
+  desktop_->window = this;
+}
+
+HeadlessWindow::~HeadlessWindow() { close(); }
+
+void HeadlessWindow::close() {
+  if (closed_) return;
+  closed_ = true;
+  desktop_->focus.forget(this);
+  desktop_->captured = false;
+  desktop_->timers.stopAll();
+  if (desktop_->window == this) desktop_->window = nullptr;
+}
+
+bool HeadlessWindow::send(std::uint32_t message, std::uint64_t wParam, std::int64_t lParam) {
+  if (closed_) return false;
+  noteThumb(message, wParam);
+  return target_ && target_(message, wParam, lParam);
+}
+
+void HeadlessWindow::noteThumb(std::uint32_t message, std::uint64_t wParam) {
+  if (message != message::hscroll && message != message::vscroll) return;
+  const std::uint64_t code = wParam & 0xFFFF;
+  if (code != thumbPosition && code != thumbTrack) return;
+  thumbs_[message - message::hscroll] = static_cast<std::int64_t>(wParam >> 16);
+}
+
+std::int32_t HeadlessWindow::trackingPosition(Bar bar) const {
+  const BarRange& range = this->bar(bar).range;
+  const std::int64_t last = std::int64_t{range.maximum} - std::max(range.page - 1, 0);
+  const std::int64_t thumb = thumbs_[static_cast<std::size_t>(bar)];
+  return clampToInt(std::max<std::int64_t>(std::min(thumb, last), range.minimum));
+}
+
+void HeadlessWindow::focusGained() { send(message::setFocus, 0, 0); }
+
+void HeadlessWindow::focusLost(const FocusHolder*) { send(message::killFocus, 0, 0); }
+
+void HeadlessWindow::abandon(const HeadlessEditBox* box) {
+  if (editBox_ == box) editBox_ = nullptr;
+}
+
+void HeadlessWindow::abandon(const HeadlessListBox* list) {
+  if (list_ == list) list_ = nullptr;
+}
+
+std::unique_ptr<EditBox> HeadlessWindow::createEditBox(EditBoxOwner& owner) {
+  return std::make_unique<HeadlessEditBox>(*this, owner);
+}
+
+std::unique_ptr<ListBox> HeadlessWindow::createListBox(ListBoxOwner& owner) {
+  return std::make_unique<HeadlessListBox>(*this, owner);
+}
+
+void HeadlessWindow::startTimer(std::int32_t id, std::int32_t milliseconds) {
+  if (!closed_) desktop_->timers.start(id, milliseconds);
+}
+
+std::int32_t HeadlessWindow::trackPopupMenu(std::span<const PopupMenuItem> items, Point) {
+  return desktop_->menus.track(items);
+}
+
+Rect HeadlessWindow::screenRect() const {
+  const Point origin = clientOrigin();
+  const std::int32_t border = lookOf(border_).width;
+  const auto room = [this, border](Bar which) { return border + (bar(which).shown ? barThickness : 0); };
+  return {origin.x - border, origin.y - border, origin.x + clientSize().width + room(Bar::Vertical),
+          origin.y + clientSize().height + room(Bar::Horizontal)};
+}
 
 void HeadlessWindow::resize(Size client) {
-  canvas_ = std::make_unique<RasterCanvas>(boundedSize(client));
+  canvas_ = std::make_shared<RasterCanvas>(boundedSize(client));
   dirty_ = true;
 }
 
@@ -46,8 +131,16 @@ void HeadlessWindow::paint() {
   painting_ = true;
   dirty_ = false;
   ++paintCount_;
-  painter_(*canvas_);
+  const std::shared_ptr<RasterCanvas> canvas = canvas_;
+  painter_(*canvas);
+  paintChildren(*canvas);
   painting_ = false;
+}
+
+void HeadlessWindow::paintChildren(Canvas& canvas) const {
+  const Rect client{0, 0, canvas.size().width, canvas.size().height};
+  if (editBox_ && !intersect(editBox_->placement(), client).empty()) editBox_->paint(canvas);
+  if (list_ && !list_->shownAt().empty()) list_->paint(canvas, clientOrigin());
 }
 
 void HeadlessWindow::setCoalescing(bool on) {
@@ -69,17 +162,18 @@ void HeadlessWindow::repaint(const Rect*) {
 
 void HeadlessWindow::setBorder(WindowBorder border) {
   border_ = border;
-  note(std::string("border ").append(borderNames[static_cast<std::size_t>(border)]));
+  note(std::string("border ").append(lookOf(border).name));
 }
 
 void HeadlessWindow::setEnabled(bool enabled) {
   enabled_ = enabled;
   note(enabled ? "enabled" : "disabled");
+  if (!enabled && hasFocus()) desktop_->focus.moveTo(nullptr);
 }
 
 void HeadlessWindow::setFocus() {
-  focused_ = true;
   note("focus");
+  if (enabled_ && !closed_) desktop_->focus.moveTo(this);
 }
 
 void HeadlessWindow::setBarRange(Bar bar, const BarRange& range) {

@@ -1,12 +1,16 @@
-// A window without a desktop.
+// The window of a control on the headless desktop.
 
 #pragma once
 
 #include <array>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "backends/headless/headless_desktop.h"
+#include "backends/headless/headless_edit_box.h"
+#include "backends/headless/headless_list_box.h"
 #include "backends/raster/raster_canvas.h"
 #include "platform/window.h"
 
@@ -18,16 +22,31 @@ struct HeadlessBar {
   bool enabled = true;
 };
 
-// Paints into a canvas of the client size. Scroll bars lie outside the client area, so they never change its
-// size. What the control asks of the window can be followed as a list of lines.
-class HeadlessWindow : public Window {
+// Paints into a canvas of the client size, the open edit box and list above it. Scroll bars lie outside the
+// client area, so they never change its size. What the control asks of the window can be followed as a list
+// of lines.
+class HeadlessWindow : public Window, public FocusHolder {
  public:
   using Painter = std::function<void(Canvas&)>;
+  // Where the window's messages go: true when they are of use there. It may close and replace the window.
+  using MessageTarget = std::function<bool(std::uint32_t message, std::uint64_t wParam, std::int64_t lParam)>;
 
   // Client sides in pixels are brought into 0..maxSide.
   static constexpr std::int32_t maxSide = 16384;
 
-  HeadlessWindow(Size client, Painter painter);
+  // On a desktop of its own when none is given.
+  HeadlessWindow(Size client, Painter painter,
+                 std::shared_ptr<HeadlessDesktop> desktop = std::make_shared<HeadlessDesktop>());
+  ~HeadlessWindow() override;
+  HeadlessWindow(const HeadlessWindow&) = delete;
+  HeadlessWindow& operator=(const HeadlessWindow&) = delete;
+
+  void setMessageTarget(MessageTarget target) { target_ = std::move(target); }
+  // A message arrives; false when nobody takes it.
+  bool send(std::uint32_t message, std::uint64_t wParam, std::int64_t lParam);
+  // Leaves the desktop, with its timers, the focus and the mouse. Nobody is told, and calls that are under
+  // way may end in peace.
+  void close();
 
   // A resized window has to be painted anew, which the control does when it is told of the size.
   void resize(Size client);
@@ -37,58 +56,76 @@ class HeadlessWindow : public Window {
   void paint();
   // While on, repaint() only marks the window and update() does the work once.
   void setCoalescing(bool on);
+  // One of the windows above it has changed: the next update() paints. While painting they are yet to come.
+  void invalidate() { dirty_ = dirty_ || !painting_; }
 
+  HeadlessDesktop& desktop() { return *desktop_; }
+  RasterCanvas& canvas() override { return *canvas_; }
   const RasterCanvas& canvas() const { return *canvas_; }
   const HeadlessBar& bar(Bar which) const { return bars_[static_cast<std::size_t>(which)]; }
   WindowBorder border() const { return border_; }
   bool enabled() const { return enabled_; }
-  bool focused() const { return focused_; }
   std::int64_t paintCount() const { return paintCount_; }
+
+  // The children, null while there is none.
+  HeadlessEditBox* editBox() const { return editBox_; }
+  HeadlessListBox* list() const { return list_; }
+  void adopt(HeadlessEditBox* box) { editBox_ = box; }
+  void adopt(HeadlessListBox* list) { list_ = list; }
+  void abandon(const HeadlessEditBox* box);
+  void abandon(const HeadlessListBox* list);
 
   // What was asked of the window since the last call, a line each, in order.
   std::vector<std::string> takeCalls();
 
+  void focusLost(const FocusHolder* next) override;
+  void focusGained() override;
+
   Size clientSize() const override { return canvas_->size(); }
   void repaint(const Rect* area) override;
   void setBorder(WindowBorder border) override;
+  // A window without input cannot keep the focus.
   void setEnabled(bool enabled) override;
   void setFocus() override;
   void setBarRange(Bar bar, const BarRange& range) override;
   void setBarPosition(Bar bar, std::int32_t position) override;
   void showBar(Bar bar, bool shown) override;
   void enableBar(Bar bar, bool enabled) override;
-  std::int32_t trackingPosition(Bar bar) const override { return this->bar(bar).range.position; }
-  bool hasFocus() const override { return focused_; }
-  void setCapture(bool) override {}
-  void setCursor(Cursor) override {}
-  Modifiers modifiers() const override { return {}; }
-  Point pointer() const override { return {}; }
+  // The place that the last message of the thumb brought; the thumb never leaves its bar.
+  std::int32_t trackingPosition(Bar bar) const override;
+  bool hasFocus() const override { return desktop_->focus.holder() == this; }
+  void setCapture(bool captured) override { desktop_->captured = captured; }
+  void setCursor(Cursor cursor) override { desktop_->cursor = cursor; }
+  Modifiers modifiers() const override { return desktop_->modifiers; }
+  Point pointer() const override { return desktop_->pointer; }
   Point clientOrigin() const override { return {}; }
-  Rect screenRect() const override { return {0, 0, clientSize().width, clientSize().height}; }
-  Size screenSize() const override { return {1920, 1080}; }
+  Rect screenRect() const override;
+  Size screenSize() const override { return HeadlessDesktop::screen; }
   std::int32_t wheelLines() const override { return 3; }
-  void startTimer(std::int32_t, std::int32_t) override {}
-  void stopTimer(std::int32_t) override {}
-  std::unique_ptr<EditBox> createEditBox(EditBoxOwner&) override { return nullptr; }
-  std::unique_ptr<ListBox> createListBox(ListBoxOwner&) override { return nullptr; }
-  InputMethod& inputMethod() override { return inputMethod_; }
-  std::int32_t trackPopupMenu(std::span<const PopupMenuItem>, Point) override { return 0; }
+  void startTimer(std::int32_t id, std::int32_t milliseconds) override;
+  void stopTimer(std::int32_t id) override { desktop_->timers.stop(id); }
+  std::unique_ptr<EditBox> createEditBox(EditBoxOwner& owner) override;
+  std::unique_ptr<ListBox> createListBox(ListBoxOwner& owner) override;
+  InputMethod& inputMethod() override { return desktop_->inputMethod; }
+  std::int32_t trackPopupMenu(std::span<const PopupMenuItem> items, Point screen) override;
 
  private:
   HeadlessBar& state(Bar which) { return bars_[static_cast<std::size_t>(which)]; }
   void note(std::string call);
+  void noteThumb(std::uint32_t message, std::uint64_t wParam);
+  void paintChildren(Canvas& canvas) const;
 
-  class NoInputMethod : public InputMethod {
-    void setNative(bool) override {}
-  };
-
-  NoInputMethod inputMethod_;
+  std::shared_ptr<HeadlessDesktop> desktop_;  // never null
   Painter painter_;
-  std::unique_ptr<RasterCanvas> canvas_;  // never null
+  MessageTarget target_;
+  std::shared_ptr<RasterCanvas> canvas_;  // never null; a paint keeps the one it began with
+  HeadlessEditBox* editBox_ = nullptr;
+  HeadlessListBox* list_ = nullptr;
   std::array<HeadlessBar, 2> bars_;
+  std::array<std::int64_t, 2> thumbs_{};  // as the messages said
   WindowBorder border_ = WindowBorder::None;
   bool enabled_ = true;
-  bool focused_ = false;
+  bool closed_ = false;
   bool dirty_ = true;
   bool painting_ = false;
   bool coalescing_ = false;

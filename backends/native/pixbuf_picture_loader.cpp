@@ -149,6 +149,7 @@ BitmapRef copyPixels(const GdkPixbuf* source) {
                   static_cast<std::uint32_t>(from[1]) << 8 | from[2];
     }
   }
+  if (alpha) bitmap->findTranslucent();
   return bitmap;
 }
 

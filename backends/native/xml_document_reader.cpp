@@ -74,13 +74,26 @@ void onDocumentType(void* data, const xmlChar*, const xmlChar*, const xmlChar*) 
   refuse(contextOf(data), "document type declaration (DOCTYPE) is not allowed");
 }
 
+// The line breaks inside the start tag whose end was just read. A "<" stands at its start and nowhere else in
+// it.
+int lineBreaksInTag(const xmlParserInput& input) {
+  int breaks = 0;
+  for (const xmlChar* at = input.cur; at != input.base && *(at - 1) != '<'; --at) breaks += *(at - 1) == '\n';
+  return breaks;
+}
+
 void onStartElement(void* data, const xmlChar* name, const xmlChar* prefix, const xmlChar* uri,
                     int namespaceCount, const xmlChar** namespaces, int attributeCount, int defaultedCount,
                     const xmlChar** attributes) {
   xmlParserCtxt& context = contextOf(data);
   if (context.nodeNr >= maxDepth) return refuse(context, "elements nested deeper than 256 levels");
+  // The tree takes its lines from here, where the parser has come to the tag's end.
+  xmlParserInput& input = *context.input;
+  const int endLine = input.line;
+  input.line -= lineBreaksInTag(input);
   xmlSAX2StartElementNs(data, name, prefix, uri, namespaceCount, namespaces, attributeCount, defaultedCount,
                         attributes);
+  input.line = endLine;
 }
 
 // Faults that do not break well-formedness by themselves count too: prefixes that nobody declared, and

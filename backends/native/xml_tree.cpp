@@ -21,6 +21,14 @@ std::string_view viewOf(const xmlChar* text) {
 
 XString wide(const xmlChar* text) { return XString::fromNarrow(viewOf(text)); }
 
+XString qualified(std::string_view prefix, std::string_view local) {
+  if (prefix.empty()) return XString::fromNarrow(local);
+  std::string name(prefix);
+  name += ':';
+  name += local;
+  return XString::fromNarrow(name);
+}
+
 bool isQualified(std::string_view prefix, std::string_view local, std::string_view name) {
   if (prefix.empty()) return name == local;
   return name.size() == prefix.size() + 1 + local.size() && name.starts_with(prefix) &&
@@ -47,13 +55,13 @@ class XmlNode final : public DocumentNode {
   XString nodeName() const override;
   bool hasAttributeMap() const override { return node_.type == XML_ELEMENT_NODE; }
   std::optional<XString> attribute(const char* name) const override;
+  std::vector<XString> attributeNames() const override;
   const DocumentNode* firstChild() const override { return wrapperOf(node_.children); }
   const DocumentNode* nextSibling() const override { return wrapperOf(node_.next); }
   XString text() const override;
   int line() const override;
 
  private:
-  // What stands beside the root element has no wrapper.
   static const DocumentNode* wrapperOf(const xmlNode* node) {
     return node ? static_cast<const XmlNode*>(node->_private) : nullptr;
   }
@@ -72,11 +80,7 @@ XString XmlNode::nodeName() const {
     default:
       break;
   }
-  if (!node_.ns || !node_.ns->prefix) return wide(node_.name);
-  std::string name(viewOf(node_.ns->prefix));
-  name += ':';
-  name += viewOf(node_.name);
-  return XString::fromNarrow(name);
+  return qualified(node_.ns ? viewOf(node_.ns->prefix) : "", viewOf(node_.name));
 }
 
 std::optional<XString> XmlNode::attribute(const char* name) const {
@@ -96,6 +100,18 @@ std::optional<XString> XmlNode::attribute(const char* name) const {
   return std::nullopt;
 }
 
+std::vector<XString> XmlNode::attributeNames() const {
+  std::vector<XString> names;
+  if (!hasAttributeMap()) return names;
+  for (const xmlNs* each = node_.nsDef; each; each = each->next) {
+    names.push_back(each->prefix ? qualified("xmlns", viewOf(each->prefix)) : XString(u"xmlns"));
+  }
+  for (const xmlAttr* each = node_.properties; each; each = each->next) {
+    names.push_back(qualified(each->ns ? viewOf(each->ns->prefix) : "", viewOf(each->name)));
+  }
+  return names;
+}
+
 XString XmlNode::text() const {
   if (node_.type != XML_ELEMENT_NODE) return wide(node_.content);
   std::string text;
@@ -111,12 +127,16 @@ int XmlNode::line() const {
 class XmlDocument final : public Document {
  public:
   explicit XmlDocument(xmlDoc* tree) : tree_(tree) {
-    xmlNode* root = xmlDocGetRootElement(tree);
+    const xmlNode* root = xmlDocGetRootElement(tree);
     assert(root);
-    wrap(*root);
+    for (xmlNode* node = tree->children; node; node = node->next) {
+      if (node == root) root_ = nodes_.size();
+      wrap(*node);
+    }
   }
 
-  const DocumentNode* root() const override { return &nodes_.front(); }
+  const DocumentNode* root() const override { return &nodes_[root_]; }
+  const DocumentNode* firstChild() const override { return &nodes_.front(); }
 
  private:
   void wrap(xmlNode& node) {
@@ -128,6 +148,7 @@ class XmlDocument final : public Document {
 
   std::unique_ptr<xmlDoc, TreeDeleter> tree_;
   std::deque<XmlNode> nodes_;  // in document order; addresses stay
+  std::size_t root_ = 0;       // its place among them
 };
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "backends/raster/pixel_lanes.h"
+
 namespace tessera {
 namespace {
 
@@ -42,14 +44,19 @@ class AxisSteps {
 // No pixel equals it after its alpha byte is cleared, so it keys nothing.
 constexpr std::uint32_t keyNothing = 0xFFFFFFFF;
 
+template <bool translucent>
 void stretchRow(std::uint32_t* to, std::int64_t count, const std::uint32_t* from, std::int64_t sourceWidth,
                 AxisSteps across, std::uint32_t key) {
   for (std::int64_t i = 0; i < count; ++i, across.next()) {
     const std::int64_t x = across.place();
     if (x < 0 || x >= sourceWidth) continue;
     const std::uint32_t pixel = from[x];
-    if ((pixel & colorBits) != key) to[i] = pixel;
+    if ((pixel & colorBits) != key) to[i] = translucent ? composed(to[i], pixel) : pixel;
   }
+}
+
+void composeRow(std::uint32_t* to, const std::uint32_t* from, std::int64_t count) {
+  for (std::int64_t i = 0; i < count; ++i) to[i] = composed(to[i], from[i]);
 }
 
 }  // namespace
@@ -70,7 +77,12 @@ void copyPixels(const Pixels& target, const Rect& area, const PixelSource& sourc
   const bool upwards = shiftY < 0;
   for (std::int64_t i = 0; i < bottom - top; ++i) {
     const std::int64_t y = upwards ? bottom - 1 - i : top + i;
-    std::memmove(target.at(left, y), source.at(left + shiftX, y + shiftY), rowBytes);
+    const std::uint32_t* const from = source.at(left + shiftX, y + shiftY);
+    if (source.translucent) {
+      composeRow(target.at(left, y), from, right - left);
+    } else {
+      std::memmove(target.at(left, y), from, rowBytes);
+    }
   }
 }
 
@@ -80,11 +92,12 @@ void stretchPixels(const Pixels& target, const Rect& area, const PixelSource& so
   if (area.empty() || sourceArea.empty() || visible.empty()) return;
   const std::uint32_t keyPixel = key == noColor ? keyNothing : pixelOf(key) & colorBits;
   const AxisSteps across(area.left, area.right, sourceArea.left, sourceArea.right, visible.left);
+  const auto row = source.translucent ? stretchRow<true> : stretchRow<false>;
   AxisSteps down(area.top, area.bottom, sourceArea.top, sourceArea.bottom, visible.top);
   for (std::int32_t y = visible.top; y < visible.bottom; ++y, down.next()) {
     if (down.place() < 0 || down.place() >= source.height) continue;
-    stretchRow(target.at(visible.left, y), visible.width(), source.at(0, down.place()), source.width, across,
-               keyPixel);
+    row(target.at(visible.left, y), visible.width(), source.at(0, down.place()), source.width, across,
+        keyPixel);
   }
 }
 

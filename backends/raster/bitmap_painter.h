@@ -15,9 +15,14 @@ struct PixelSource {
   std::ptrdiff_t stride = 0;
   std::int32_t width = 0;
   std::int32_t height = 0;
+  bool translucent = false;  // the pixels are laid over what is there by their alpha
 
   explicit PixelSource(const Bitmap& bitmap)
-      : bits(bitmap.pixels.data()), stride(bitmap.width), width(bitmap.width), height(bitmap.height) {}
+      : bits(bitmap.pixels.data()),
+        stride(bitmap.width),
+        width(bitmap.width),
+        height(bitmap.height),
+        translucent(bitmap.translucent) {}
   explicit PixelSource(const Pixels& pixels)
       : bits(pixels.bits), stride(pixels.stride), width(pixels.width), height(pixels.height) {}
 
@@ -25,7 +30,7 @@ struct PixelSource {
 };
 
 // Places of `area` that would come from outside the source stay as they are. Source and target may be the
-// same pixels, also when they overlap.
+// same pixels, also when they overlap, unless the source is translucent.
 void copyPixels(const Pixels& target, const Rect& area, const PixelSource& source, std::int32_t sourceX,
                 std::int32_t sourceY);
 

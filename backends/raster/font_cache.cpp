@@ -81,12 +81,14 @@ void FontCache::dropOldest() {
     return a.second.lastUse < b.second.lastUse;
   });
   shaper_.clear();
+  widths_.clear();
   lastFont_ = nullptr;
   fonts_.erase(oldest);
 }
 
 void FontCache::dropAll() {
   shaper_.clear();
+  widths_.clear();
   lastFont_ = nullptr;
   fonts_.clear();
   glyphs_.forgetEntries();

@@ -10,6 +10,7 @@
 #include "backends/raster/font.h"
 #include "backends/raster/glyph_cache.h"
 #include "backends/raster/text_shaper.h"
+#include "backends/raster/width_cache.h"
 #include "shared/log_font.h"
 
 namespace tessera {
@@ -20,7 +21,7 @@ namespace tessera {
 //
 // Bounds, per thread: `maxFonts` fonts; `maxEntries` glyph records (about 64 bytes each, a page of 256
 // characters counts as 32) and what one more text can add; GlyphCache::pixelLimit bytes of glyph pixels; two
-// times TextShaper::maxGlyphs shaped glyphs.
+// times TextShaper::maxGlyphs shaped glyphs; WidthCache::maxTexts widths of long texts.
 class FontCache {
  public:
   static constexpr std::size_t maxFonts = 64;
@@ -37,6 +38,7 @@ class FontCache {
   Font& font(const LogFont& description);
   GlyphCache& glyphs() { return glyphs_; }
   TextShaper& shaper() { return shaper_; }
+  WidthCache& widths() { return widths_; }
 
  private:
   struct Entry {
@@ -53,6 +55,7 @@ class FontCache {
   FT_LibraryRec_* library_ = nullptr;
   GlyphCache glyphs_;
   TextShaper shaper_;
+  WidthCache widths_;
   std::unordered_map<LogFont, std::shared_ptr<const FontList>> files_;  // height 0: for all heights
   std::unordered_map<LogFont, Entry> fonts_;
   LogFont lastDescription_;

@@ -2,25 +2,11 @@
 
 #include <pixman.h>
 
+#include "backends/raster/pixel_lanes.h"
 #include "shared/bitmap.h"
 
 namespace tessera {
 namespace {
-
-// The four channels of a pixel in the lower bytes of four 16-bit lanes: one multiplication scales them all.
-constexpr std::uint64_t lowBytes = 0x00FF00FF00FF00FF;
-constexpr std::uint64_t spread(std::uint32_t pixel) {
-  return (pixel | static_cast<std::uint64_t>(pixel) << 24) & lowBytes;
-}
-constexpr std::uint32_t gather(std::uint64_t lanes) {
-  return static_cast<std::uint32_t>(lanes | lanes >> 24);
-}
-
-// Every lane / 255 rounded to the nearest, for lanes of 0..65025.
-constexpr std::uint64_t divideBy255(std::uint64_t lanes) {
-  lanes += 0x0080008000800080;
-  return (lanes + (lanes >> 8 & lowBytes)) >> 8 & lowBytes;
-}
 
 void invertRow(const Pixels& target, const Rect& visible, const Rect& area, std::int32_t y) {
   if (y < visible.top || y >= visible.bottom) return;

@@ -79,16 +79,22 @@ void drawUnderline(const Pixels& target, const Rect& clip, std::int32_t left, st
   fillPixels(target, intersect(line, clip), color);
 }
 
-}  // namespace
-
-Size measureText(FontCache& cache, const LogFont& description, std::u16string_view text) {
-  Font& font = cache.font(description);
+std::int32_t widthOf(FontCache& cache, Font& font, std::u16string_view text) {
   TextSegments segments(font, text);
   std::int64_t width = 0;
   for (TextSegment segment; segments.next(std::numeric_limits<std::int64_t>::max(), segment);) {
     width += segment.shaped ? cache.shaper().shape(font, segment.text).width : segment.width;
   }
-  return {clampToInt(width), font.height()};
+  return clampToInt(width);
+}
+
+}  // namespace
+
+Size measureText(FontCache& cache, const LogFont& description, std::u16string_view text) {
+  Font& font = cache.font(description);
+  if (text.size() < WidthCache::longText) return {widthOf(cache, font, text), font.height()};
+  const auto measure = [&] { return widthOf(cache, font, text); };
+  return {cache.widths().find(font, text, measure), font.height()};
 }
 
 void drawText(FontCache& cache, const Pixels& target, const Rect& clip, std::int32_t x, std::int32_t y,

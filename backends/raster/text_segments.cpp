@@ -24,8 +24,8 @@ TextSegment TextSegments::cut(std::size_t end, bool shaped, std::int64_t width) 
 
 std::size_t TextSegments::shapedEnd() const {
   if (text_.size() - place_ <= maxShaped) return text_.size();
-  const std::size_t space = text_.rfind(u' ', place_ + maxShaped - 1);
-  if (space != std::u16string_view::npos && space > place_) return space + 1;
+  const std::size_t space = text_.substr(place_, maxShaped).rfind(u' ');
+  if (space != std::u16string_view::npos && space > 0) return place_ + space + 1;
   const std::size_t end = place_ + maxShaped;
   // A simple character starts something new for sure, anything else may belong to the one before it.
   for (std::size_t cut = end; cut > end - maxWord; --cut) {

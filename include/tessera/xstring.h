@@ -89,6 +89,13 @@ class XString {
   // assertions.
   std::int32_t refs() const;
 
+  // Found only by way of an XString, so that they take no part in comparisons of plain views.
+  friend bool operator==(const XString& a, const XString& b) { return a.view() == b.view(); }
+  friend bool operator==(const XString& a, std::u16string_view b) { return a.view() == b; }
+  friend bool operator==(const XString& a, const char16_t* b) {
+    return a.view() == (b ? std::u16string_view(b) : std::u16string_view());
+  }
+
  private:
   struct Block {
     std::int32_t refs;  // negative: locked, must be copied and never counted
@@ -142,10 +149,6 @@ XString::FormatArgument XString::formatArgument(const T& argument) {
     return static_cast<std::string_view>(argument);
   }
 }
-
-inline bool operator==(const XString& a, const XString& b) { return a.view() == b.view(); }
-inline bool operator==(const XString& a, std::u16string_view b) { return a.view() == b; }
-inline bool operator==(const XString& a, const char16_t* b) { return a.view() == std::u16string_view(b); }
 
 }  // namespace tessera
 

@@ -19,6 +19,7 @@ enum VarType : std::uint16_t {
   VT_I4 = 3,
   VT_R4 = 4,
   VT_R8 = 5,
+  VT_CY = 6,    // ten-thousandths in 64 bits; only in streams of others, read as VT_R8
   VT_DATE = 7,  // days since 30 December 1899; the fraction is the time of day
   VT_BSTR = 8,
   VT_DISPATCH = 9,
@@ -31,6 +32,8 @@ enum VarType : std::uint16_t {
   VT_UI4 = 19,
   VT_I8 = 20,
   VT_UI8 = 21,
+  VT_INT = 22,   // as VT_CY, read as VT_I4
+  VT_UINT = 23,  // as VT_CY, read as VT_UI4
 };
 
 using VariantBool = std::int16_t;

@@ -87,9 +87,11 @@ void DataLink::text(std::int32_t row, std::int32_t column, XString& result) cons
 
 std::int32_t DataLink::columnIndex(const XString& name) const {
   if (!dataSet_) return 0;
-  const auto [entry, isNew] = columnIndexes_.try_emplace(name, 0);
-  if (isNew) dataSet_->GetColumnIndex(name, entry->second);
-  return entry->second;
+  if (const auto known = columnIndexes_.find(name); known != columnIndexes_.end()) return known->second;
+  std::int32_t index = 0;
+  dataSet_->GetColumnIndex(name, index);
+  columnIndexes_.insert_or_assign(name, index);
+  return index;
 }
 
 void DataLink::syncCurrentRow(std::int32_t row) {

@@ -27,8 +27,9 @@ class DataLink {
 
   DataSetControl* dataSet() const { return dataSet_.get(); }
   ImageSetControl* imageSet() const { return imageSet_.get(); }
-  // Keeps the data set alive over a call that may let go of it.
+  // Keep a component alive over a call that may let go of it.
   std::shared_ptr<DataSetControl> holdDataSet() const { return dataSet_; }
+  std::shared_ptr<ImageSetControl> holdImageSet() const { return imageSet_; }
 
   std::int32_t rowCount() const;                   // 0
   std::int32_t currentRow() const;                 // -1

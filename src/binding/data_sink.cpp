@@ -15,10 +15,12 @@ HResult DataSink::Bind(DataClient* client, ClientSite* site, const XString& id, 
   cookie_ = cookie;
   leaveSource();
   if (!client_) return S_OK;
-  source_ = locateDataSet(site, id_, true);
-  if (!source_) return S_OK;
-  const HResult status = source_->Advise(this, adviseFlag);
-  if (!succeeded(status)) source_.reset();
+  const auto found = locateDataSet(site, id_, true);
+  source_ = found;
+  if (!found) return S_OK;
+  const HResult status = found->Advise(this, adviseFlag);
+  // The source may have called back and bound this sink elsewhere.
+  if (!succeeded(status) && source_ == found) source_.reset();
   return status;
 }
 

@@ -1,38 +1,52 @@
 #include "binding/image_cache.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "shared/compare.h"
 
 namespace tessera {
 
+std::shared_ptr<PictureSource> ImageCache::sourceOf(const DataLink& link) {
+  if (!link.dataSet()) return nullptr;
+  return std::dynamic_pointer_cast<PictureSource>(link.holdImageSet());
+}
+
+// The components may call back into the grid, even to rebuild the columns: what is needed of them is copied first.
 void ImageCache::ReloadImages(const ColumnList& columns, const DataLink& link) {
-  if (!link.dataSet() || !link.imageSet()) return;
-  clear();
-  auto* source = dynamic_cast<PictureSource*>(link.imageSet());
+  const auto source = sourceOf(link);
   if (!source) return;
+  clear();
+  std::vector<XString> names;
+  for (const ColumnRecord& column : columns) {
+    if (column.child.type == CellKind::Image) names.push_back(column.refColumnId);
+  }
+  for (const XString& name : names) addColumn(name, link, *source);
+}
+
+void ImageCache::addColumn(const XString& name, const DataLink& link, PictureSource& source) {
   const std::int32_t count = link.rowCount();
   XValue key;
-  for (const ColumnRecord& column : columns) {
-    if (column.child.type != CellKind::Image) continue;
-    for (std::int32_t row = 1; row <= count; ++row) {
-      if (link.level(row) >= 1) continue;
-      link.valueByName(row, column.refColumnId, key);
-      if (key.type() == VT_BSTR) add(key.asText(), *source);
-    }
+  for (std::int32_t before = 0; before < count; ++before) {
+    const std::int32_t row = before + 1;
+    if (link.level(row) >= 1) continue;
+    link.valueByName(row, name, key);
+    if (key.type() == VT_BSTR) add(key.asText(), source);
   }
 }
 
 void ImageCache::ReloadCellImage(const ColumnList& columns, const DataLink& link, std::int32_t column,
                                  std::int32_t row) {
-  if (!link.dataSet() || !link.imageSet() || link.level(row) >= 1) return;
+  const auto source = sourceOf(link);
+  if (!source || link.level(row) >= 1) return;
+  const auto dataSet = link.holdDataSet();
+  if (!dataSet) return;
   XString name;
-  link.dataSet()->GetColumnName(column, name);
+  dataSet->GetColumnName(column, name);
   const bool isImageColumn = std::any_of(columns.begin(), columns.end(), [&name](const ColumnRecord& record) {
     return record.child.type == CellKind::Image && equalNoCase(record.refColumnId, name);
   });
-  auto* source = dynamic_cast<PictureSource*>(link.imageSet());
-  if (!isImageColumn || !source) return;
+  if (!isImageColumn) return;
   XString key;
   link.text(row, column, key);
   add(key, *source);
@@ -46,13 +60,15 @@ BitmapRef ImageCache::FindImage(const XString& key) const {
 void ImageCache::add(const XString& key, PictureSource& source) {
   if (pictures_.contains(key)) return;
   Picture picture;
-  if (!source.GetImage(key.toUtf8(), picture) || picture.width <= 0 || picture.height <= 0) return;
+  const std::string narrow = codePages_ ? codePages_->toNarrow(codePage_, key) : key.toUtf8();
+  if (!source.GetImage(narrow, picture) || picture.width <= 0 || picture.height <= 0) return;
   const auto expected = static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height);
   if (picture.pixels.size() != expected) return;
   auto bitmap = std::make_shared<Bitmap>();
   bitmap->width = picture.width;
   bitmap->height = picture.height;
   bitmap->pixels = std::move(picture.pixels);
+  bitmap->findTranslucent();
   pictures_.emplace(key, std::move(bitmap));
 }
 

@@ -14,10 +14,11 @@ HResult ImageSink::Bind(ImageClient* client, ClientSite* site, const XString& id
   cookie_ = cookie;
   leaveSource();
   if (!client_) return S_OK;
-  source_ = locateImageSet(site, id_);
-  if (!source_) return S_OK;
-  const HResult status = source_->Advise(this);
-  if (!succeeded(status)) source_.reset();
+  const auto found = locateImageSet(site, id_);
+  source_ = found;
+  if (!found) return S_OK;
+  const HResult status = found->Advise(this);
+  if (!succeeded(status) && source_ == found) source_.reset();
   return status;
 }
 
@@ -38,7 +39,7 @@ HResult ImageSink::DataChanged(std::int32_t value) {
 
 // The sink stays in place, unbound: the next Bind starts afresh.
 HResult ImageSink::SourceClosing(VariantBool) {
-  const auto closing = std::exchange(source_, nullptr);
+  leaveSource();
   return client_ ? client_->ImageSourceClosing(cookie_) : S_OK;
 }
 

@@ -13,8 +13,12 @@ bool storeFlag(const XString& value, bool& field) {
 
 bool isExpression(std::u16string_view value) { return value.starts_with(u'@'); }
 
-void storeExpression(InfoServices& services, const XString& value, CellStyle& style, DynamicSlot slot) {
-  style.setDynamic(slot, services.compileExpression(value.mid(1, value.length())));
+XString expressionText(const XString& value) { return value.mid(1, value.length()); }
+
+bool storeExpression(InfoServices& services, const XString& value, CellStyle& style, DynamicSlot slot) {
+  const XExprProgram* program = services.compileExpression(expressionText(value));
+  style.setDynamic(slot, program);
+  return program != nullptr;
 }
 
 }  // namespace tessera

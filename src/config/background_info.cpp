@@ -34,8 +34,9 @@ void readImage(InfoServices& services, const DocumentNode& element, BackgroundRe
 BackgroundInfoResult parseBackgroundInfo(InfoServices& services, const XString& text,
                                          BackgroundRecord& record, std::int32_t& borderStyle) {
   const std::unique_ptr<Document> document = openInfoDocument(services, text);
-  if (!document) return {};
-  const DocumentNode& element = *document->root();
+  const DocumentNode* first = document ? infoElement(*document) : nullptr;
+  if (!first) return {};
+  const DocumentNode& element = *first;
   readCellAttribute(services, element, cellAttribute("bgcolor"), CellFields(record));
   const auto border = element.attribute("borderstyle");
   if (border) borderStyle = valueOfWord(windowBorderWords, *border, borderStyle);

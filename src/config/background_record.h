@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "config/cell_style.h"
+#include "config/kept_expressions.h"
 
 namespace tessera {
 
@@ -12,6 +12,7 @@ struct BackgroundRecord : CellStyle {
   bool backImage = false;    // the image is switched on
   bool transparent = false;  // transparentColor is the image's key
   XString imagePath;
+  KeptExpressions kept;
 };
 
 }  // namespace tessera

@@ -180,9 +180,11 @@ CellFields::CellFields(SummaryCell& cell) : element(CellElement::Summary), style
 CellFields::CellFields(GroupCell& cell)
     : element(CellElement::Group), style(&cell), level(&cell.level), text(&cell.text) {}
 
-CellFields::CellFields(IndicatorRecord& record) : element(CellElement::Indicator), style(&record) {}
+CellFields::CellFields(IndicatorRecord& record)
+    : element(CellElement::Indicator), style(&record), kept(&record.kept) {}
 
-CellFields::CellFields(BackgroundRecord& record) : element(CellElement::Background), style(&record) {}
+CellFields::CellFields(BackgroundRecord& record)
+    : element(CellElement::Background), style(&record), kept(&record.kept) {}
 
 std::span<const CellAttribute> cellAttributes() { return attributes; }
 
@@ -197,9 +199,13 @@ void storeCellAttribute(InfoServices& services, const CellAttribute& attribute, 
                         const XString& value) {
   if (attribute.slot && isExpression(value)) {
     if (attribute.slot == DynamicSlot::Text && cell.element == CellElement::View) *cell.text = value;
-    return storeExpression(services, value, *cell.style, *attribute.slot);
+    const bool compiled = storeExpression(services, value, *cell.style, *attribute.slot);
+    if (cell.kept) cell.kept->keep(*attribute.slot, expressionText(value), !compiled);
+    return;
   }
-  if (attribute.store(services, cell, value) && attribute.slot) cell.style->clearDynamic(*attribute.slot);
+  if (!attribute.store(services, cell, value) || !attribute.slot) return;
+  cell.style->clearDynamic(*attribute.slot);
+  if (cell.kept) cell.kept->forget(*attribute.slot);
 }
 
 void readCellAttribute(InfoServices& services, const DocumentNode& element, const CellAttribute& attribute,

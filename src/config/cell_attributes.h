@@ -33,7 +33,8 @@ struct CellFields {
   std::int32_t* level = nullptr;
   std::int32_t* cursor = nullptr;
   XString* text = nullptr;
-  HeaderCell* header = nullptr;  // for what only a header has
+  HeaderCell* header = nullptr;     // for what only a header has
+  KeptExpressions* kept = nullptr;  // of a record that outlives a Refresh
 };
 
 struct CellAttribute {

@@ -55,7 +55,10 @@ void storeLookupDataId(InfoServices& services, ChildSpec& child, const XString& 
 }
 
 void storeEditable(InfoServices& services, ChildSpec& child, const XString& value) {
-  if (isExpression(value)) return storeExpression(services, value, child, DynamicSlot::Text);
+  if (isExpression(value)) {
+    storeExpression(services, value, child, DynamicSlot::Text);
+    return;
+  }
   child.editable = value;
   child.dynamicFlags = 0;
   child.expressions = {};

@@ -10,8 +10,9 @@ bool parseIndicatorInfo(InfoServices& services, const XString& text, IndicatorRe
   static constexpr std::string_view sharedAttributes[] = {
       "color", "bgcolor", "borderstyle", "bordercolor", "fontstyle", "fontsize", "fontname", "align"};
   const std::unique_ptr<Document> document = openInfoDocument(services, text);
-  if (!document) return false;
-  const DocumentNode& element = *document->root();
+  const DocumentNode* first = document ? infoElement(*document) : nullptr;
+  if (!first) return false;
+  const DocumentNode& element = *first;
   if (const auto width = element.attribute("width")) record.width = parseInt(*width);
   for (const std::string_view name : sharedAttributes) {
     readCellAttribute(services, element, cellAttribute(name), CellFields(record));

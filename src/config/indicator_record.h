@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "config/cell_style.h"
+#include "config/kept_expressions.h"
 
 namespace tessera {
 
@@ -16,6 +16,7 @@ struct IndicatorRecord : CellStyle {
 
   std::int32_t width = unset;  // pixels
   bool indexNumber = false;    // row numbers in place of status marks
+  KeptExpressions kept;
 
   // What the columns stand to the right of: an unset width takes no room.
   std::int32_t effectiveWidth() const { return width == unset ? 0 : width; }

@@ -10,4 +10,9 @@ std::unique_ptr<Document> openInfoDocument(InfoServices& services, const XString
   return document ? std::move(*document) : nullptr;
 }
 
+const DocumentNode* infoElement(const Document& document) {
+  const DocumentNode* first = document.firstChild();
+  return first->hasAttributeMap() ? first : nullptr;
+}
+
 }  // namespace tessera

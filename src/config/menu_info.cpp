@@ -36,8 +36,9 @@ bool parseMenuItem(const DocumentNode& node, MenuItem& item) {
 
 bool parseMenuInfo(InfoServices& services, const XString& text, XList<MenuItem>& menu) {
   const std::unique_ptr<Document> document = openInfoDocument(services, text);
-  if (!document) return false;
-  return readChildren(*document->root(), [&menu](const DocumentNode& node) {
+  const DocumentNode* element = document ? infoElement(*document) : nullptr;
+  if (!element) return false;
+  return readChildren(*element, [&menu](const DocumentNode& node) {
     MenuItem item;
     if (!parseMenuItem(node, item)) return false;
     menu.addTail(std::move(item));

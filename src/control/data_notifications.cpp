@@ -14,17 +14,21 @@ HResult DataNotifications::SortReset(std::int32_t) {
 }
 
 HResult DataNotifications::StructureChanged(std::int32_t, std::int32_t) {
+  parts_.link.forgetColumns();
   if (parts_.window) refresh_();
   return S_OK;
 }
 
-HResult DataNotifications::DataChanged(std::int32_t cookie, std::int32_t value) {
-  return StructureChanged(cookie, value);
+HResult DataNotifications::DataChanged(std::int32_t, std::int32_t) {
+  if (parts_.window) refresh_();
+  return S_OK;
 }
 
 HResult DataNotifications::RowsAdded(std::int32_t, std::int32_t rowCount) {
   if (!parts_.window) return S_OK;
+  const bool fewer = rowCount < parts_.rows.displayCount();
   parts_.rows.setPlainCount(rowCount);
+  if (fewer) refillFromTop(parts_.frame().rowCapacity());
   if (!parts_.page.VisibleRows.empty()) {
     parts_.updateBars(bar_bit::vertical);
     SetBarPositions(parts_.page, *parts_.window);
@@ -55,11 +59,23 @@ HResult DataNotifications::CurrentRowChanged(std::int32_t cookie, std::int32_t r
     }
     return S_OK;
   }
-  if (!takeCurrentRow(node, ownCall)) return S_OK;
+  if (!endEdit(row, ownCall)) return S_OK;
+  node = parts_.rows.find(row);
+  if (!node || !takeCurrentRow(node, ownCall)) return S_OK;
   parts_.page.bringCurrent(parts_.rows, parts_.frame().rowCapacity(), node);
   parts_.updateBars(bar_bit::vertical);
   services_.Repaint(nullptr);
   return S_OK;
+}
+
+// A move to another row saves what is being edited. False when the host changed the grid meanwhile.
+bool DataNotifications::endEdit(std::int32_t row, bool ownCall) {
+  const RowNode* focusRow = parts_.focus.FocusRow;
+  const bool moves = parts_.focus.CellMode && (ownCall || !focusRow || focusRow->row != row);
+  if (!moves || !editors_.active()) return true;
+  const GridWatch watch(parts_, services_);
+  editors_.tryCommit(CommitMode::FocusLost);
+  return watch.holds();
 }
 
 bool DataNotifications::takeCurrentRow(RowNode* node, bool ownCall) {
@@ -80,6 +96,9 @@ bool DataNotifications::takeCurrentRow(RowNode* node, bool ownCall) {
 
 HResult DataNotifications::RowsReset(std::int32_t) {
   if (!listening()) return S_OK;
+  // The rows have changed places already: what was typed has no row any more that it belongs to.
+  editors_.abandon();
+  if (!parts_.window) return S_OK;
   parts_.focus.FocusRow = nullptr;
   parts_.focus.SelectedRows.clear();
   BuildRows(parts_);
@@ -103,7 +122,9 @@ void DataNotifications::changeRowCount(std::int32_t row, std::int32_t delta) {
 void DataNotifications::refillFromTop(std::int32_t capacity) {
   if (parts_.page.VisibleRows.empty()) return;
   RowNode* top = parts_.rows.find(parts_.page.VisibleRows.front()->row);
-  parts_.page.RefillFrom(parts_.rows, capacity, top ? top : parts_.rows.lastDisplayable());
+  if (!top) top = parts_.rows.lastDisplayable();
+  if (!top) return parts_.page.clear();
+  parts_.page.RefillFrom(parts_.rows, capacity, top);
 }
 
 void DataNotifications::followCurrentRow(RowNode* current) {
@@ -115,6 +136,8 @@ void DataNotifications::followCurrentRow(RowNode* current) {
 
 HResult DataNotifications::RowInserted(std::int32_t, std::int32_t row) {
   if (!listening()) return S_OK;
+  editors_.rowInserted(row);
+  if (!parts_.window) return S_OK;
   changeRowCount(row, 1);
   FocusModel& focus = parts_.focus;
   RowNode* current = parts_.rows.find(parts_.link.currentRow());
@@ -131,6 +154,8 @@ HResult DataNotifications::RowInserted(std::int32_t, std::int32_t row) {
 
 HResult DataNotifications::RowDeleted(std::int32_t, std::int32_t row) {
   if (!listening()) return S_OK;
+  editors_.rowDeleted(row);
+  if (!parts_.window) return S_OK;
   const bool gone = !parts_.link.keepDeleted() || parts_.link.rowCount() != parts_.rows.displayCount();
   if (gone) {
     changeRowCount(row, -1);
@@ -138,7 +163,7 @@ HResult DataNotifications::RowDeleted(std::int32_t, std::int32_t row) {
     if (!current) {
       parts_.focus.FocusRow = nullptr;
       parts_.focus.SelectedRows.clear();
-      parts_.page.VisibleRows.clear();
+      parts_.page.clear();
     } else {
       if (parts_.focus.CellMode) {
         parts_.focus.FocusRow = current;

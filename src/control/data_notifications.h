@@ -6,6 +6,7 @@
 
 #include "binding/data_client.h"
 #include "control/grid_parts.h"
+#include "interaction/editor_controller.h"
 #include "shared/grid_services.h"
 
 namespace tessera {
@@ -14,8 +15,9 @@ namespace tessera {
 // them.
 class DataNotifications : public DataClient, public ImageClient {
  public:
-  DataNotifications(GridParts& parts, GridServices& services, std::function<void()> refresh)
-      : parts_(parts), services_(services), refresh_(std::move(refresh)) {}
+  DataNotifications(GridParts& parts, GridServices& services, EditorController& editors,
+                    std::function<void()> refresh)
+      : parts_(parts), services_(services), editors_(editors), refresh_(std::move(refresh)) {}
 
   HResult SortReset(std::int32_t cookie) override;
   HResult StructureChanged(std::int32_t cookie, std::int32_t value) override;
@@ -40,11 +42,13 @@ class DataNotifications : public DataClient, public ImageClient {
   void changeRowCount(std::int32_t row, std::int32_t delta);
   void followCurrentRow(RowNode* current);
   void refillFromTop(std::int32_t capacity);
+  bool endEdit(std::int32_t row, bool ownCall);
   // False when the focus stands there already or has no column to stand in.
   bool takeCurrentRow(RowNode* node, bool ownCall);
 
   GridParts& parts_;
   GridServices& services_;
+  EditorController& editors_;
   std::function<void()> refresh_;
 };
 

@@ -31,7 +31,13 @@ HResult fromValue(const XValue& value, std::int32_t& argument) {
   return status;
 }
 
+// A number comes through as it is, so that a property can tell VARIANT_TRUE from any other truth.
 HResult fromValue(const XValue& value, VariantBool& argument) {
+  if (value.type() == VT_I4) {
+    const std::int32_t number = value.asInt();
+    argument = number == static_cast<VariantBool>(number) ? static_cast<VariantBool>(number) : VARIANT_TRUE;
+    return S_OK;
+  }
   XValue flag;
   const HResult status = changeType(value, VT_BOOL, flag);
   argument = flag.asRawBool();

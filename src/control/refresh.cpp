@@ -6,11 +6,19 @@
 #include "rows/suppress.h"
 
 namespace tessera {
+namespace {
+
+void dropPrograms(CellStyle& style) {
+  style.dynamicFlags = 0;
+  style.expressions = {};
+}
+
+}  // namespace
 
 void RefreshSequence::run() {
   clear();
-  loadVariables();
-  if (!readColumns()) return;
+  loadColumnNames();
+  if (!compileKept() || !readColumns()) return;
   measure();
   ResolveSuppress(parts_.config.columns, parts_.link);
   fillDecimals();
@@ -24,22 +32,40 @@ void RefreshSequence::run() {
 
 void RefreshSequence::clear() {
   parts_.focus.forget();
+  parts_.mouse.forgetColumns();
   parts_.page.VisibleRows.clear();
   parts_.config.columns.removeAll();
-  parts_.expressions.freePrograms();
+  dropPrograms(parts_.config.indicator);
+  dropPrograms(parts_.config.background);
+  parts_.expressions.freePrograms(parts_.eval);
   parts_.link.forgetColumns();
 }
 
-void RefreshSequence::loadVariables() {
-  parts_.expressions.clearVariables();
+void RefreshSequence::loadColumnNames() {
+  parts_.expressions.clearColumnNames();
   const auto dataSet = parts_.link.holdDataSet();
   std::int32_t count = 0;
   dataSet->GetColumnCount(count);
   for (std::int32_t column = 1; column <= count; ++column) {
     XString name;
     dataSet->GetColumnName(column, name);
-    parts_.expressions.addVariable(name);
+    parts_.expressions.addColumnName(name);
   }
+}
+
+// The listener of a report may refresh the grid or let go of the data set.
+bool RefreshSequence::compileKept() {
+  const std::uint64_t generation = services_.generation();
+  const auto dataSet = parts_.link.holdDataSet();
+  const auto compile = [this](const XString& text) { return parts_.expressions.compile(text); };
+  GridConfig& config = parts_.config;
+  std::int32_t failures = config.indicator.kept.compileInto(config.indicator, compile);
+  failures += config.background.kept.compileInto(config.background, compile);
+  for (; failures > 0; --failures) {
+    services_.ReportError(ErrorCode::Expression);
+    if (services_.generation() != generation || parts_.link.holdDataSet() != dataSet) return false;
+  }
+  return true;
 }
 
 // A text that does not compile is reported while the columns are read, and the listener may set another
@@ -67,7 +93,7 @@ void RefreshSequence::measure() {
   parts_.page.ColumnStop = 1;
   metrics.measureHeights(columns);
   metrics.indicatorShift = 0;
-  metrics.makeRoomForIndicator(columns, parts_.config.indicator.effectiveWidth());
+  parts_.makeRoomForIndicator();
   metrics.buildLineTops(columns);
   metrics.closeFixedZone(columns);
 }
@@ -107,7 +133,8 @@ void RefreshSequence::show() {
 }
 
 void BuildRows(GridParts& parts) {
-  parts.page.VisibleRows.clear();
+  ++parts.generation;
+  parts.page.clear();
   parts.rows.buildPlain(parts.link.rowCount());
 }
 

@@ -21,7 +21,10 @@ class RefreshSequence {
 
  private:
   void clear();
-  void loadVariables();
+  void loadColumnNames();
+  // The expressions of the records that outlive a Refresh. False when a listener refreshed the grid
+  // meanwhile.
+  bool compileKept();
   // False when the text could not be read, or when a listener refreshed the grid meanwhile.
   bool readColumns();
   void measure();

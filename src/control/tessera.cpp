@@ -3,6 +3,7 @@
 #include <array>
 
 #include "control/error_table.h"
+#include "control/message_table.h"
 #include "control/refresh.h"
 
 namespace tessera {
@@ -23,10 +24,20 @@ constexpr std::array<CodePageAlias, 3> codePageAliases = {{{50949, 949}, {51949,
 Tessera::Tessera(const Ports& ports)
     : ports_(ports),
       info_(ports_, parts_.expressions, *this),
-      notifications_(parts_, *this, [this] { Refresh(); }),
-      properties_(*this) {}
+      controllers_(parts_, *this, info_),
+      notifications_(parts_, *this, controllers_.editors, [this] { Refresh(); }),
+      properties_(*this) {
+  parts_.expressions.setHost(expressionHost_);
+  parts_.expressions.setPlace(ports_.locale, ports_.clock);
+}
 
 Tessera::~Tessera() { parts_.link.unbind(); }
+
+bool Tessera::HandleMessage(std::uint32_t message, std::uint64_t wParam, std::int64_t lParam) {
+  const MessageRow* row = findMessage(message);
+  if (row) row->handle(*this, {wParam, lParam});
+  return row != nullptr;
+}
 
 void Tessera::setClientSite(ClientSite* site) {
   site_ = site;
@@ -43,6 +54,7 @@ void Tessera::quickActivate() {
   for (const CodePageAlias& alias : codePageAliases) {
     if (alias.ambient == codePage) codePage_ = alias.stored;
   }
+  parts_.images.setCodePage(ports_.codePages, codePage_);
 }
 
 void Tessera::windowCreated(Window& window) {
@@ -51,13 +63,18 @@ void Tessera::windowCreated(Window& window) {
   IndicatorRecord& indicator = parts_.config.indicator;
   if (indicator.width == IndicatorRecord::unset) {
     indicator.width = defaultIndicatorWidth;
-    parts_.metrics.makeRoomForIndicator(parts_.config.columns, indicator.width);
+    parts_.makeRoomForIndicator();
   }
   if (!parts_.settings.ColumnInfo.empty()) Refresh();
+  if (parts_.window != &window) return;  // a listener has closed it again
+  controllers_.editors.windowCreated();
   if (!parts_.settings.Enable) window.setEnabled(false);
 }
 
-void Tessera::windowDestroyed() { parts_.window = nullptr; }
+void Tessera::windowDestroyed() {
+  controllers_.editors.windowDestroyed();
+  parts_.window = nullptr;
+}
 
 void Tessera::windowResized() {
   if (!parts_.window) return;
@@ -75,14 +92,18 @@ void Tessera::windowResized() {
 void Tessera::onDraw(Canvas& canvas) {
   const GridFrame frame = parts_.frame();
   const PaintModel model{parts_.config, parts_.settings, frame,         parts_.page, parts_.focus,
-                         parts_.rows,   parts_.link,     parts_.images, parts_.eval};
-  if (!pipeline_.paint(canvas, model).painted) return fillWindowColor(canvas);
+                         parts_.rows,   parts_.link,     parts_.images, parts_.eval, parts_.editor.active};
+  const PaintResult result = pipeline_.paint(canvas, model);
+  if (!result.painted) return fillWindowColor(canvas);
+  controllers_.editors.place(result);
   if (parts_.window) SetBarPositions(parts_.page, *parts_.window);
 }
 
 void Tessera::Refresh() {
   if (!parts_.link.dataSet()) return;
-  ++generation_;
+  controllers_.editors.abandon();
+  if (!parts_.link.dataSet()) return;
+  ++parts_.generation;
   RefreshSequence(parts_, *this, info_, site_).run();
 }
 

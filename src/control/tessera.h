@@ -7,8 +7,10 @@
 #include <tessera/persistence.h>
 
 #include "control/control_properties.h"
+#include "control/controllers.h"
 #include "control/data_notifications.h"
 #include "control/event_source.h"
+#include "control/grid_expression_host.h"
 #include "control/grid_parts.h"
 #include "control/info_host.h"
 #include "platform/canvas.h"
@@ -36,15 +38,23 @@ class Tessera : public ITessera, public GridServices {
   PropertyTarget& properties() { return properties_; }
   std::int32_t codePage() const { return codePage_; }
 
-  // What the window tells. `window` is borrowed from windowCreated() to windowDestroyed().
+  // What the window tells. `window` is borrowed from windowCreated() to windowDestroyed(). All else comes as
+  // messages: true when the message is one of the grid's.
   void windowCreated(Window& window);
   void windowDestroyed();
   void windowResized();
+  bool HandleMessage(std::uint32_t message, std::uint64_t wParam, std::int64_t lParam);
+  // The host asks before it takes a key that went down in the grid or one of its windows; `key` may be
+  // replaced.
+  KeyRoute translateKey(std::int32_t& key) { return controllers_.keyFilter.translate(key); }
   // The window wants its client area on `canvas`.
   void onDraw(Canvas& canvas);
 
   // Rebuilds columns, rows and page from the configuration and the data set; nothing without a data set.
   void Refresh();
+  Controllers& controllers() { return controllers_; }
+  // The row that the next evaluation of an expression reads.
+  void setExprRow(std::int32_t row) { parts_.eval.ExprRow = row; }
   // For hosts and tools that show the grid's state; valid until the control is called again.
   const GridParts& parts() const { return parts_; }
 
@@ -52,7 +62,7 @@ class Tessera : public ITessera, public GridServices {
   void ReportError(ErrorCode code) override;
   XValue fire(EventId id, std::span<const XValue> arguments) override { return events_.fire(id, arguments); }
   bool ask(EventId id, std::span<const XValue> arguments) override { return events_.ask(id, arguments); }
-  std::uint64_t generation() const override { return generation_; }
+  std::uint64_t generation() const override { return parts_.generation; }
 
   HResult get_DataID(XString& value) override;
   HResult put_DataID(const XString& value) override;
@@ -135,13 +145,14 @@ class Tessera : public ITessera, public GridServices {
   Ports ports_;
   ClientSite* site_ = nullptr;
   GridParts parts_;
+  GridExpressionHost expressionHost_{parts_.link};
   InfoHost info_;
+  Controllers controllers_;
   DataNotifications notifications_;
   EventSource events_;
   Connections<PropertyNotifySink> propertySinks_;
   ControlProperties properties_;
   PaintPipeline pipeline_;
-  std::uint64_t generation_ = 0;
   std::int32_t codePage_ = 0;
 };
 

@@ -7,12 +7,6 @@ namespace tessera {
 
 HResult Tessera::get_LayoutInfo(const XString&, const XString&, XValue&) { return S_OK; }
 HResult Tessera::put_LayoutInfo(const XString&, const XString&, const XValue&) { return S_OK; }
-HResult Tessera::TrackPopupMenu(std::int32_t, std::int32_t) { return S_OK; }
-HResult Tessera::get_GetEditText(XString&) { return S_OK; }
-HResult Tessera::put_RowPosition(std::int32_t) { return S_OK; }
-HResult Tessera::put_ColumnPosition(const XString&) { return S_OK; }
-HResult Tessera::ActivateEdit() { return S_OK; }
-HResult Tessera::FitArrange() { return S_OK; }
 HResult Tessera::Expand(std::int32_t) { return S_OK; }
 HResult Tessera::ExpandAll() { return S_OK; }
 HResult Tessera::Collapse(std::int32_t) { return S_OK; }

@@ -52,7 +52,7 @@ HResult Tessera::get_ImageDataID(XString& value) { return give(parts_.settings.I
 HResult Tessera::put_ImageDataID(const XString& value) {
   if (!changes(parts_.settings.ImageDataID, value)) return S_OK;
   const HResult status = parts_.link.bindImageSet(notifications_, site_, value);
-  if (!parts_.link.imageSet()) parts_.images.clear();
+  parts_.images.clear();  // the pictures were the old image set's
   if (!succeeded(status) || !parts_.window) return S_OK;
   parts_.images.ReloadImages(parts_.config.columns, parts_.link);
   Repaint(nullptr);
@@ -77,7 +77,7 @@ HResult Tessera::put_IndicatorInfo(const XString& value) {
     ReportError(ErrorCode::IndicatorInfo);
     return S_OK;
   }
-  parts_.metrics.makeRoomForIndicator(parts_.config.columns, parts_.config.indicator.effectiveWidth());
+  parts_.makeRoomForIndicator();
   parts_.updateBars(bar_bit::horizontal);
   Repaint(nullptr);
   return S_OK;
@@ -156,7 +156,12 @@ HResult Tessera::put_SelectedColorRate(std::int32_t value) {
 }
 
 HResult Tessera::get_IME(std::int32_t& value) { return give(parts_.settings.IME, value); }
-HResult Tessera::put_IME(std::int32_t value) { return take(parts_.settings.IME, value); }
+
+HResult Tessera::put_IME(std::int32_t value) {
+  parts_.settings.IME = value;
+  controllers_.focus.applyImeMode();
+  return S_OK;
+}
 
 HResult Tessera::get_Enable(VariantBool& value) { return give(parts_.settings.Enable, value); }
 
@@ -164,6 +169,8 @@ HResult Tessera::put_Enable(VariantBool value) {
   const bool enable = value != VARIANT_FALSE;
   if (enable == parts_.settings.Enable) return S_OK;
   parts_.settings.Enable = enable;
+  if (!parts_.window) return S_OK;
+  if (!enable && controllers_.editors.active()) controllers_.editors.tryCommit(CommitMode::FocusLost);
   if (!parts_.window) return S_OK;
   parts_.window->setEnabled(enable);
   Repaint(nullptr);

@@ -1,9 +1,10 @@
-// Members that answer questions about columns, cells and positions.
+// Members about columns, cells, positions and editors.
 
 #include <algorithm>
 #include <vector>
 
 #include "control/tessera.h"
+#include "interaction/fit_arrange.h"
 #include "rows/cell_text.h"
 
 #ifndef TESSERA_VERSION_MAJOR
@@ -34,6 +35,26 @@ HResult Tessera::get_GetText(const XString& colid, std::int32_t index, std::int3
   return S_OK;
 }
 
+HResult Tessera::get_GetEditText(XString& text) {
+  text = controllers_.editors.editText();
+  return S_OK;
+}
+
+HResult Tessera::ActivateEdit() {
+  controllers_.editors.activateEdit();
+  return S_OK;
+}
+
+HResult Tessera::FitArrange() {
+  fitArrange(parts_, *this);
+  return S_OK;
+}
+
+HResult Tessera::TrackPopupMenu(std::int32_t x, std::int32_t y) {
+  controllers_.menu.trackPopupMenu(x, y);
+  return S_OK;
+}
+
 HResult Tessera::get_RowPosition(std::int32_t& row) {
   const FocusModel& focus = parts_.focus;
   if (focus.CellMode) {
@@ -44,9 +65,19 @@ HResult Tessera::get_RowPosition(std::int32_t& row) {
   return S_OK;
 }
 
+HResult Tessera::put_RowPosition(std::int32_t row) {
+  controllers_.focus.setRowPosition(row);
+  return S_OK;
+}
+
 HResult Tessera::get_ColumnPosition(XString& colid) {
   const FocusModel& focus = parts_.focus;
   colid = focus.CellMode && focus.FocusColumn ? focus.FocusColumn->value().id : XString();
+  return S_OK;
+}
+
+HResult Tessera::put_ColumnPosition(const XString& colid) {
+  controllers_.focus.setColumnPosition(colid);
   return S_OK;
 }
 
@@ -92,7 +123,7 @@ HResult Tessera::get_CountColumn(std::int32_t type, std::int32_t& count) {
 HResult Tessera::UpdateImageSet(const XString& refColID, std::int32_t startRow, std::int32_t endRow) {
   if (!parts_.link.dataSet()) return S_OK;
   const std::int32_t column = parts_.link.columnIndex(refColID);
-  const std::int32_t end = std::min(endRow, parts_.link.rowCount() + 1);
+  const std::int32_t end = std::min(endRow, addClamped(parts_.link.rowCount(), 1));
   for (std::int32_t row = std::max(startRow, 1); row < end; ++row) {
     parts_.images.ReloadCellImage(parts_.config.columns, parts_.link, column, row);
   }

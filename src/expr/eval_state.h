@@ -1,8 +1,15 @@
-// What one evaluation of expressions reads and writes beside the program's code.
+// What an evaluation of expressions reads and writes beside the code of the program.
 
 #pragma once
 
 #include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include <tessera/xvalue.h>
+
+#include "expr/xexpr_error.h"
 
 namespace tessera {
 
@@ -10,6 +17,36 @@ namespace tessera {
 class EvalState {
  public:
   std::int32_t ExprRow = 0;  // 1-based dataset row that grid variables and column references read
+  // Why the last run gave no value; nothing when it gave one.
+  std::optional<XExprError> error;
+
+  // The values of one run: `slots` are its own, `registers` point at slots or literals.
+  struct Frame {
+    std::vector<XValue> slots;
+    std::vector<const XValue*> registers;
+  };
+
+  // Lends a frame to a run. Frames and the texts in their slots are used again, by whatever program comes
+  // next, so that a warm run allocates nothing. A data set that is asked for a value may make the grid
+  // evaluate again before it answers: runs nest, each with a frame of its own.
+  class Run {
+   public:
+    Run(EvalState& state, std::size_t slotCount, std::size_t registerCount);
+    ~Run() { --state_.depth_; }
+    Run(const Run&) = delete;
+    Run& operator=(const Run&) = delete;
+
+    Frame& frame() { return *state_.frames_[state_.depth_ - 1]; }
+
+   private:
+    EvalState& state_;
+  };
+
+  bool isRunning() const { return depth_ > 0; }
+
+ private:
+  std::vector<std::unique_ptr<Frame>> frames_;  // by depth of nesting
+  std::size_t depth_ = 0;
 };
 
 }  // namespace tessera

@@ -8,14 +8,14 @@
 
 namespace tessera {
 
-// Immutable code. Programs belong to their ExpressionEngine and live until its freePrograms(); style records
-// borrow them.
+// Immutable code, which any number of threads may run at once, each with its own state. Programs belong to
+// their ExpressionEngine and live until its freePrograms(); style records borrow them.
 class XExprProgram {
  public:
   virtual ~XExprProgram() = default;
 
   // Runs for state.ExprRow. False when the run ended in an error: there is no value, `result` is VT_EMPTY,
-  // and the caller goes on with what it would show without the expression.
+  // state.error tells why, and the caller goes on with what it would show without the expression.
   virtual bool evaluate(EvalState& state, XValue& result) const = 0;
 };
 

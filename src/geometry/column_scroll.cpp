@@ -1,6 +1,5 @@
 #include "geometry/column_scroll.h"
 
-#include <limits>
 #include <optional>
 #include <set>
 
@@ -8,7 +7,7 @@ namespace tessera {
 
 void ColumnScroll::move(std::int32_t dx) {
   shiftScrolledColumns(columns, dx);
-  focus.FocusLeft = addClamped(focus.FocusLeft, dx);
+  focus.followColumn();
 }
 
 std::int32_t ColumnScroll::StepRight() {
@@ -16,15 +15,15 @@ std::int32_t ColumnScroll::StepRight() {
   const std::int32_t start = frame.zoneStart();
   const std::int32_t viewRight = frame.usableRect(true).right;
   bool hiddenAtRight = false;
-  std::int32_t edge = std::numeric_limits<std::int32_t>::max();
+  std::optional<std::int32_t> edge;
   for (const ColumnRecord& column : columns) {
     if (column.header.fix) continue;
     const std::int32_t right = column.header.rect.right;
     hiddenAtRight = hiddenAtRight || right > viewRight;
-    if (right > start) edge = std::min(edge, right);
+    if (right > start) edge = std::min(edge.value_or(right), right);
   }
-  if (!hiddenAtRight) return 0;
-  const std::int32_t distance = subClamped(edge, start);
+  if (!hiddenAtRight || !edge) return 0;
+  const std::int32_t distance = subClamped(*edge, start);
   move(-distance);
   ++page.ColumnStop;
   return distance;

@@ -3,9 +3,9 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
 
 #include "config/column_record.h"
+#include "geometry/row_list.h"
 #include "rows/row_node.h"
 
 namespace tessera {
@@ -18,7 +18,7 @@ struct FocusModel {
   RowNode* FocusRow = nullptr;             // row of the focus cell
   ColumnPosition FocusColumn = nullptr;    // column of the focus cell; null in row mode
   XString FocusColumnName;                 // dataset column to find the focus column again by
-  std::vector<RowNode*> SelectedRows;      // row mode; the first is the row of the last selection step
+  RowList SelectedRows;                    // row mode; the first is the row of the last selection step
   FocusState state = FocusState::Outside;  // where the keyboard focus is
 
   // Every row and column reference goes; modes and the name stay.
@@ -27,11 +27,12 @@ struct FocusModel {
     FocusColumn = nullptr;
     SelectedRows.clear();
   }
-  // `node` becomes the head of SelectedRows and stands there once.
-  void putFirst(RowNode* node) {
-    std::erase(SelectedRows, node);
-    SelectedRows.insert(SelectedRows.begin(), node);
+  // FocusLeft is where the focus column stands now; to be called whenever columns have moved.
+  void followColumn() {
+    if (FocusColumn) FocusLeft = FocusColumn->value().view.rect.left;
   }
+  // `node` becomes the head of SelectedRows and stands there once.
+  void putFirst(RowNode* node) { SelectedRows.putFirst(node); }
 };
 
 }  // namespace tessera

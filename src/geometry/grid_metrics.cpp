@@ -32,7 +32,7 @@ void GridMetrics::measureHeights(const ColumnList& columns) {
     header.include(column.header.rect);
     if (column.viewVisible) row.include(column.view.rect);
   }
-  HeaderHeight = columns.empty() ? 0 : header.height();
+  HeaderHeight = columns.empty() ? 0 : header.height();  // no band without columns
   RowHeight = row.height();
 }
 

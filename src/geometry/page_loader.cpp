@@ -3,7 +3,7 @@
 namespace tessera {
 
 void PageLoader::LoadVisibleRows(bool keepColumn) {
-  page.VisibleRows.clear();
+  page.clear();
   focus.FocusRow = nullptr;
   focus.SelectedRows.clear();
   if (!link.dataSet() || link.rowCount() < 1 || columns.empty()) return;
@@ -29,7 +29,8 @@ void PageLoader::LoadVisibleRows(bool keepColumn) {
 void PageLoader::rebuildSelectedRows() {
   focus.SelectedRows.clear();
   const std::int32_t count = link.rowCount();
-  for (std::int32_t row = 1; row <= count; ++row) {
+  for (std::int32_t before = 0; before < count; ++before) {
+    const std::int32_t row = before + 1;
     if (!link.rowSelected(row)) continue;
     if (RowNode* node = rows.find(row)) focus.SelectedRows.push_back(node);
   }
@@ -38,7 +39,7 @@ void PageLoader::rebuildSelectedRows() {
 
 void PageLoader::focusOn(ColumnPosition column) {
   focus.FocusColumn = column;
-  focus.FocusLeft = column->value().view.rect.left;
+  focus.followColumn();
   ColumnScroll{columns, page, focus, frame}.EnsureColumnVisible(column->value());
   page.EnsureRowVisible(rows, frame.rowCapacity(), focus.FocusRow);
 }

@@ -96,7 +96,7 @@ void PageView::bringCurrent(RowTree& rows, std::int32_t capacity, RowNode* node)
 // that the last row shows wholly. Written as one jump: a thumb may move by millions of rows.
 bool PageView::RowsDown(RowTree& rows, std::int32_t capacity, std::int32_t count) {
   if (VisibleRows.empty() || count < 1) return false;
-  const std::int32_t below = rows.displayCount() - rows.ordinal(VisibleRows.back());
+  const std::int32_t below = std::max(0, rows.displayCount() - rows.ordinal(VisibleRows.back()));
   std::size_t size = VisibleRows.size();
   if (below == 0 && size <= places(capacity, 0)) return false;
   const std::int32_t steps = std::min(count - 1, below) + 1;

@@ -24,6 +24,12 @@ class PageView {
   std::int32_t ScrollBarsOn = 0;      // bar_bit: bars in use
   BarRange horizontal;                // as last handed to the window
 
+  // No rows on the page; the next ones start at the first.
+  void clear() {
+    VisibleRows.clear();
+    TopOrdinal = 1;
+  }
+
   // -1 for a row that is not on the page.
   std::int32_t VisibleIndex(const RowNode* node) const;
   // Null when out of range.

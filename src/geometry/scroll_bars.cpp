@@ -7,11 +7,13 @@ namespace tessera {
 
 namespace {
 
-// Pulls columns back in, whole ones at a time, while the room at the right is wider than the last hidden one.
-void closeGapAtRight(ColumnScroll& scroll) {
+// Pulls columns back in, whole ones at a time, while the room at the right is wider than the last hidden one. The
+// result is the right edge of all scrolled columns as it was last seen, 0 when nothing is scrolled.
+std::int32_t closeGapAtRight(ColumnScroll& scroll) {
+  std::int32_t lastRight = 0;
   while (scroll.page.ColumnStop >= 2) {
     const std::int32_t hiddenLimit = scroll.frame.zoneStart();
-    std::int32_t lastRight = 0;
+    lastRight = 0;
     const Rect* lastHidden = nullptr;
     for (const ColumnRecord& column : scroll.columns) {
       if (column.header.fix) continue;
@@ -20,8 +22,9 @@ void closeGapAtRight(ColumnScroll& scroll) {
       if (rect.right <= hiddenLimit && (!lastHidden || rect.left > lastHidden->left)) lastHidden = &rect;
     }
     const std::int32_t room = subClamped(scroll.frame.usableRect(true).right, lastRight);
-    if (!lastHidden || room <= lastHidden->width() || scroll.StepLeft() == 0) return;
+    if (!lastHidden || room <= lastHidden->width() || scroll.StepLeft() == 0) break;
   }
+  return lastRight;
 }
 
 void applyBar(Window& window, Bar bar, const std::optional<BarRange>& range, bool keepVisible) {
@@ -41,14 +44,15 @@ void setBit(std::int32_t& bits, std::int32_t bit, bool on) { bits = on ? bits | 
 
 }  // namespace
 
-std::optional<BarRange> horizontalRange(const ColumnList& columns, const GridFrame& frame) {
+std::optional<BarRange> horizontalRange(const ColumnList& columns, const GridFrame& frame,
+                                        std::int32_t knownRight) {
   // The first column of each distinct left stands for all of them.
   std::map<std::int32_t, std::int32_t> rightOfLeft;
   for (const ColumnRecord& column : columns) {
     if (!column.header.fix) rightOfLeft.try_emplace(column.header.rect.left, column.header.rect.right);
   }
   if (rightOfLeft.empty()) return std::nullopt;
-  std::int64_t largestRight = 0;
+  std::int64_t largestRight = knownRight;
   for (const auto& [left, right] : rightOfLeft) largestRight = std::max<std::int64_t>(largestRight, right);
 
   const std::int64_t before =
@@ -70,21 +74,20 @@ std::optional<BarRange> verticalRange(const GridFrame& frame, std::int32_t displ
   return BarRange{1, displayCount, capacity, topOrdinal};
 }
 
-void UpdateScrollBars(ColumnScroll scroll, RowTree& rows, const GridSettings& settings, Window& window,
-                      std::int32_t which) {
+void updateHorizontalBar(ColumnScroll scroll, const GridSettings& settings, Window& window) {
   PageView& page = scroll.page;
-  if (which & bar_bit::horizontal) {
-    closeGapAtRight(scroll);
-    const auto range = horizontalRange(scroll.columns, scroll.frame);
-    if (range) page.horizontal = *range;
-    setBit(page.ScrollBarsOn, bar_bit::horizontal, range.has_value());
-    applyBar(window, Bar::Horizontal, range, settings.FixHScroll);
-  }
-  if (which & bar_bit::vertical) {
-    const auto range = verticalRange(scroll.frame, rows.displayCount(), page.TopOrdinal);
-    setBit(page.ScrollBarsOn, bar_bit::vertical, range.has_value());
-    applyBar(window, Bar::Vertical, range, settings.FixVScroll);
-  }
+  const std::int32_t lastRight = closeGapAtRight(scroll);
+  const auto range = horizontalRange(scroll.columns, scroll.frame, lastRight);
+  if (range) page.horizontal = *range;
+  setBit(page.ScrollBarsOn, bar_bit::horizontal, range.has_value());
+  applyBar(window, Bar::Horizontal, range, settings.FixHScroll);
+}
+
+void updateVerticalBar(PageView& page, const GridFrame& frame, const RowTree& rows,
+                       const GridSettings& settings, Window& window) {
+  const auto range = verticalRange(frame, rows.displayCount(), page.TopOrdinal);
+  setBit(page.ScrollBarsOn, bar_bit::vertical, range.has_value());
+  applyBar(window, Bar::Vertical, range, settings.FixVScroll);
 }
 
 void SetBarPositions(const PageView& page, Window& window) {

@@ -38,6 +38,8 @@ HResult loadFromBag(PropertyTarget& target, PropertyBag& bag) {
   return S_OK;
 }
 
+HResult saveToBag(PropertyTarget&, PropertyBag&) { return S_OK; }
+
 HResult saveToStream(PropertyTarget& target, ByteStream& stream) {
   const Size extent = target.extent();
   for (std::uint32_t word :

@@ -27,6 +27,9 @@ inline constexpr std::u16string_view contentsStream = u"Contents";
 // skipped like a missing one.
 HResult loadFromBag(PropertyTarget& target, PropertyBag& bag);
 
+// The control keeps nothing in a bag: success, and nothing is written.
+HResult saveToBag(PropertyTarget& target, PropertyBag& bag);
+
 // Version, extent, then each property as a typed value, little-endian.
 HResult saveToStream(PropertyTarget& target, ByteStream& stream);
 // E_FAIL for a higher version and for a stream that ends early; what was put before stays.

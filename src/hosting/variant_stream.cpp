@@ -30,6 +30,8 @@ HResult readBits(ByteStream& stream, std::size_t width, std::uint64_t& bits) {
   return S_OK;
 }
 
+constexpr double currencyScale = 10000.0;
+
 // 0 for types that stand as text.
 std::size_t widthOf(VarType type) {
   switch (type) {
@@ -44,11 +46,14 @@ std::size_t widthOf(VarType type) {
     case VT_UI4:
     case VT_R4:
     case VT_ERROR:
+    case VT_INT:
+    case VT_UINT:
       return 4;
     case VT_I8:
     case VT_UI8:
     case VT_R8:
     case VT_DATE:
+    case VT_CY:
       return 8;
     default:
       return 0;
@@ -78,7 +83,12 @@ void setFromBits(XValue& value, VarType type, std::uint64_t bits) {
     case VT_BOOL:
       return value.setRawBool(static_cast<VariantBool>(bits));
     case VT_I4:
+    case VT_INT:
       return value.setInt(static_cast<std::int32_t>(bits));
+    case VT_UINT:
+      return value.setInteger(VT_UI4, static_cast<std::int64_t>(bits));
+    case VT_CY:
+      return value.setDouble(static_cast<double>(static_cast<std::int64_t>(bits)) / currencyScale);
     case VT_ERROR:
       return value.setError(static_cast<HResult>(bits));
     default:

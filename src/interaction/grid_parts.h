@@ -22,9 +22,9 @@ namespace tessera {
 // Owned by the control. The controllers and the control work on it; everything below takes just the parts that
 // it needs.
 struct GridParts {
+  DataLink link;  // first, so that the components are let go of last
   GridSettings settings;
   GridConfig config;
-  DataLink link;
   ImageCache images;
   RowTree rows;
   GridMetrics metrics;
@@ -34,6 +34,7 @@ struct GridParts {
   MouseModel mouse;
   ExpressionEngine expressions;
   EvalState eval;
+  std::uint64_t generation = 0;  // raised whenever columns or rows are made anew
   Window* window = nullptr;  // between the window's creation and its destruction
 
   GridFrame frame() const {
@@ -44,11 +45,19 @@ struct GridParts {
   PageLoader loader(const GridFrame& frame) {
     return {config.columns, metrics, page, rows, focus, link, frame};
   }
-  // Recomputes the bars of `which` (bar_bit); nothing without a window.
+  // Recomputes the bars of `which` (bar_bit); nothing without a window. A bar that comes or goes changes the
+  // room that the other one is computed from.
   void updateBars(std::int32_t which) {
-    if (!window) return;
-    const GridFrame now = frame();
-    UpdateScrollBars({config.columns, page, focus, now}, rows, settings, *window, which);
+    if (window && (which & bar_bit::horizontal)) {
+      const GridFrame now = frame();
+      updateHorizontalBar({config.columns, page, focus, now}, settings, *window);
+    }
+    if (window && (which & bar_bit::vertical)) updateVerticalBar(page, frame(), rows, settings, *window);
+  }
+  // The columns stand right of the indicator.
+  void makeRoomForIndicator() {
+    metrics.makeRoomForIndicator(config.columns, config.indicator.effectiveWidth());
+    focus.followColumn();
   }
   void applyBorder() {
     if (window) window->setBorder(static_cast<WindowBorder>(config.borderStyle));

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include <tessera/xstring.h>
 
@@ -22,6 +23,8 @@ class DocumentNode {
   virtual bool hasAttributeMap() const = 0;
   // The value of the attribute of exactly this name, nothing when it is missing.
   virtual std::optional<XString> attribute(const char* name) const = 0;
+  // The names for attribute(), declarations of namespaces first, the others in document order.
+  virtual std::vector<XString> attributeNames() const = 0;
   // Children in document order, of all kinds; null past the end.
   virtual const DocumentNode* firstChild() const = 0;
   virtual const DocumentNode* nextSibling() const = 0;
@@ -37,6 +40,9 @@ class Document {
   virtual ~Document() = default;
   // The root element, never null.
   virtual const DocumentNode* root() const = 0;
+  // The first node of all, never null: the root, or a comment or processing instruction before it. The others
+  // beside the root are its siblings.
+  virtual const DocumentNode* firstChild() const = 0;
 };
 
 // Why a text is no document.

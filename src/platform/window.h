@@ -6,6 +6,7 @@
 #include <memory>
 #include <span>
 
+#include "platform/canvas.h"
 #include "platform/edit_box.h"
 #include "platform/input_method.h"
 #include "platform/list_box.h"
@@ -82,6 +83,9 @@ class Window {
   // A timer sends the timer message every `milliseconds` until it is stopped; starting it again sets it anew.
   virtual void startTimer(std::int32_t id, std::int32_t milliseconds) = 0;
   virtual void stopTimer(std::int32_t id) = 0;
+
+  // A canvas of the window's kind, for measuring texts.
+  virtual Canvas& canvas() = 0;
 
   // The owner is borrowed and outlives the child. Null when the platform cannot make one.
   virtual std::unique_ptr<EditBox> createEditBox(EditBoxOwner& owner) = 0;

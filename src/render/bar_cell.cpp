@@ -1,8 +1,8 @@
 #include <algorithm>
-#include <typeinfo>
 
 #include "config/format_value.h"
 #include "render/cell_painters.h"
+#include "render/scratch_surface.h"
 #include "shared/compare.h"
 
 namespace tessera {
@@ -46,22 +46,11 @@ Rect filledPart(const Rect& inner, std::int32_t barAlign, std::int32_t percent) 
   }
 }
 
-// A memory surface with the canvas's coordinates. It is kept, and made anew for a canvas of another size or
-// kind.
-Canvas& surfaceLike(const PaintContext& context) {
-  std::unique_ptr<Canvas>& surface = context.scratch.surface;
-  const Canvas& canvas = context.canvas;
-  const Canvas* present = surface.get();
-  if (!present || !(present->size() == canvas.size()) || typeid(*present) != typeid(canvas)) {
-    surface = context.canvas.createSurface(canvas.size());
-  }
-  return *surface;
-}
-
 }  // namespace
 
 // The text keeps its place and changes its colour where the bar covers it: the whole cell is drawn once more
-// in the bar's colours, and the filled part of that picture is copied over the cell.
+// in the bar's colours, and the filled part of that picture is copied over the cell. The bar itself is solid,
+// even where the cell lets a background image through.
 void paintBarCell(const PaintContext& context, const CellJob& job) {
   const ChildSpec& child = job.column.child;
   const std::u16string_view text = barTextOf(context, job);
@@ -74,9 +63,10 @@ void paintBarCell(const PaintContext& context, const CellJob& job) {
   filled = intersect(filled, {0, 0, size.width, size.height});
   if (filled.empty()) return;
 
-  Canvas& surface = surfaceLike(context);
+  Canvas& surface = scratchSurface(context);
   style.textColor = child.barColor;
   style.backColor = child.barBackColor;
+  if ((style.imageMode & image_mode::blended) != 0) style.imageMode = image_mode::solid;
   if (style.imageMode != image_mode::solid) surface.fill(filled, screen().window);
   drawCell({surface, context.model.eval}, style, job.rect, text, job.clipLeft);
   context.canvas.blitSurface(filled, surface, filled.left, filled.top);

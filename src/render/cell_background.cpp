@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <span>
 
 #include "render/cell_drawing.h"
 #include "render/glyphs.h"
@@ -63,15 +64,16 @@ void paintStretched(const DrawTarget& target, const DrawStyle& style, const Rect
 }
 
 // Neighbours share a line: it lies just outside the left and top of a cell and just inside its right and
-// bottom. At the edge of the window the outer line moves in.
-void drawLineBorder(Canvas& canvas, const Rect& rect, ColorRef color) {
-  const std::int32_t left = subClamped(rect.left == 0 ? 1 : rect.left, 1);
+// bottom. At the edge of the window the outer line moves in. A cell that was cut on its left has no line
+// there.
+void drawLineBorder(Canvas& canvas, const Rect& rect, bool cut, ColorRef color) {
+  const std::int32_t left = cut ? rect.left : subClamped(rect.left == 0 ? 1 : rect.left, 1);
   const std::int32_t top = subClamped(rect.top == 0 ? 1 : rect.top, 1);
   const std::int32_t right = subClamped(rect.right, 1);
   const std::int32_t bottom = subClamped(rect.bottom, 1);
   const std::array<Point, 5> points{
       {{left, top}, {right, top}, {right, bottom}, {left, bottom}, {left, top}}};
-  canvas.polyline(points, color, 1);
+  canvas.polyline(std::span(points).first(cut ? 4 : 5), color, 1);
 }
 
 std::optional<Edge> edgeOf(std::int32_t borderStyle) {
@@ -82,9 +84,9 @@ std::optional<Edge> edgeOf(std::int32_t borderStyle) {
   return std::nullopt;
 }
 
-void drawBorder(const DrawTarget& target, const DrawStyle& style, const Rect& rect) {
+void drawBorder(const DrawTarget& target, const DrawStyle& style, const Rect& rect, bool cut) {
   if ((style.record.borderStyle & border::line) != 0) {
-    drawLineBorder(target.canvas, rect, style.record.effectiveBorderColor(target.eval));
+    drawLineBorder(target.canvas, rect, cut, style.record.effectiveBorderColor(target.eval));
   } else if (const std::optional<Edge> edge = edgeOf(style.record.borderStyle)) {
     target.canvas.edge(rect, *edge);
   }
@@ -92,7 +94,10 @@ void drawBorder(const DrawTarget& target, const DrawStyle& style, const Rect& re
 
 }  // namespace
 
-void paintBackground(const DrawTarget& target, const DrawStyle& style, const Rect& rect) {
+void paintBackground(const DrawTarget& target, const DrawStyle& style, const Rect& whole,
+                     std::int32_t clipLeft) {
+  const bool cut = whole.left < clipLeft;
+  const Rect rect{cut ? clipLeft : whole.left, whole.top, whole.right, whole.bottom};
   if (style.imageMode == image_mode::solid) {
     target.canvas.fill(rect, backColorOf(target, style));
   } else if ((style.imageMode & image_mode::blended) != 0) {
@@ -102,7 +107,7 @@ void paintBackground(const DrawTarget& target, const DrawStyle& style, const Rec
   } else if ((style.imageMode & image_mode::stretched) != 0) {
     paintStretched(target, style, rect);
   }
-  drawBorder(target, style, rect);
+  drawBorder(target, style, rect, cut);
 }
 
 void drawGlyph(Canvas& canvas, Glyph glyph, const Rect& rect, ColorRef backColor, std::int32_t clipLeft) {

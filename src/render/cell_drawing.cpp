@@ -26,7 +26,7 @@ bool hasDynamicFont(const CellStyle& record) {
 bool drawUnderText(const DrawTarget& target, const DrawStyle& style, const Rect& rect,
                    std::int32_t clipLeft) {
   if (rect.right <= clipLeft || rect.empty()) return false;
-  paintBackground(target, style, {std::max(rect.left, clipLeft), rect.top, rect.right, rect.bottom});
+  paintBackground(target, style, rect, clipLeft);
   return true;
 }
 
@@ -59,7 +59,8 @@ class CellTextDrawer {
     beginClip(x);
     CaptionLines all(text);
     for (std::u16string_view line; all.next(line);) {
-      if (lines > 1) x = alignedX(style_.align, inner_, extentOf(line).width);
+      if (lines > 1 && sideOf(style_.align) != Side::Left)
+        x = alignedX(style_.align, inner_, extentOf(line).width);
       const std::int32_t lineBottom = addClamped(y, extent_.height);
       clip_.bottom = std::min(lineBottom, rect_.bottom);
       put(line, x, y);
@@ -74,7 +75,9 @@ class CellTextDrawer {
   void measure(std::u16string_view text) {
     inner_ = style_.inner(rect_);
     clip_ = inner_;
-    extent_ = extentOf(text);
+    // A text may be very long, and what begins at the left needs no width but for the glyph behind it.
+    const bool needsWidth = sideOf(style_.align) != Side::Left || style_.record.sortMark != 0;
+    extent_ = extentOf(needsWidth ? text : std::u16string_view());
   }
 
   void beginClip(std::int32_t x) {
@@ -114,7 +117,7 @@ class CellTextDrawer {
   const LogFont* font_;
   Rect inner_;   // the cell without its margins: texts are placed in it
   Rect clip_;    // and cut to this part of it
-  Size extent_;  // of the whole text
+  Size extent_;  // of the whole text; no width where none is needed
 };
 
 }  // namespace

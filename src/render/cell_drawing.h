@@ -25,7 +25,9 @@ void drawCell(const DrawTarget& target, const DrawStyle& style, const Rect& rect
 void drawHeaderText(const DrawTarget& target, const DrawStyle& style, const Rect& rect,
                     std::u16string_view text, std::int32_t clipLeft);
 
-void paintBackground(const DrawTarget& target, const DrawStyle& style, const Rect& rect);
+// Background and border of `rect` from `clipLeft` on, at which `rect` must not end.
+void paintBackground(const DrawTarget& target, const DrawStyle& style, const Rect& rect,
+                     std::int32_t clipLeft);
 
 // The glyph of the record's sort direction, stretched over `area` and cut at `clipLeft`.
 void drawSortGlyph(Canvas& canvas, const CellStyle& record, const Rect& area, std::int32_t clipLeft);

@@ -1,6 +1,7 @@
 #include "render/column_width.h"
 
 #include <algorithm>
+#include <limits>
 #include <optional>
 
 #include "config/format_value.h"

@@ -142,8 +142,8 @@ class FocusPainter {
 
   // In a tree column the editor starts where the text does.
   Rect plainEditorPlace(const ColumnRecord& column, Rect place) const {
-    --place.right;
-    --place.bottom;
+    place.right = subClamped(place.right, 1);
+    place.bottom = subClamped(place.bottom, 1);
     if (column.hasTree && model_.config.tree.rowMode != RowMode::Plain) {
       const TreeLayout layout(model_.config.tree, column.view.leftMargin);
       place.left = addClamped(place.left, layout.textLeft(*model_.focus.FocusRow, true));

@@ -9,7 +9,8 @@ bool paintImageCell(const PaintContext& context, const CellJob& job) {
   const BitmapRef picture = context.model.images.FindImage(key.asText());
   DrawStyle style(job.column.view);
   style.image = picture.get();
-  style.imageMode = style.align == align::full ? image_mode::stretched : image_mode::placed;
+  // Without a picture the ground shows, which a stretched one would not paint.
+  style.imageMode = picture && style.align == align::full ? image_mode::stretched : image_mode::placed;
   drawCell(context.target(), style, job.rect, {}, job.clipLeft);
   return true;
 }

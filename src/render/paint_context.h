@@ -17,11 +17,10 @@ namespace tessera {
 struct PaintScratch {
   TextScratch text;
   XString cellText;
-  XString label;               // a second text of the same cell
-  std::u16string mask;         // of a password
-  std::vector<bool> selected;  // row mode, one for each row of the page: stands in SelectedRows
-  std::vector<std::pair<const RowNode*, std::size_t>> pageOrder;  // rows of the page by address
-  std::unique_ptr<Canvas> surface;                                // as large as the canvas, for bars
+  XString label;                    // a second text of the same cell
+  std::u16string mask;              // of a password
+  std::vector<bool> selected;       // row mode, one for each row of the page: stands in SelectedRows
+  std::unique_ptr<Canvas> surface;  // as large as the canvas
 };
 
 struct PaintContext {

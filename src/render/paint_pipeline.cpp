@@ -1,26 +1,38 @@
 #include "render/paint_pipeline.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "render/band_painters.h"
 #include "render/column_painter.h"
 #include "render/focus_painter.h"
 #include "render/indicator_painter.h"
+#include "render/scratch_surface.h"
 
 namespace tessera {
 namespace {
 
-void fillBackground(const PaintContext& context) {
+void fillBackground(const PaintContext& context, Canvas& canvas) {
   const PaintModel& model = context.model;
   const GridFrame& frame = model.frame;
   const BackgroundRecord& background = model.config.background;
-  context.canvas.fill({0, 0, frame.client.width, frame.client.height},
-                      background.effectiveBackColor(model.eval));
+  canvas.fill({0, 0, frame.client.width, frame.client.height}, background.effectiveBackColor(model.eval));
   std::int32_t right = 0;
   for (const ColumnRecord& column : model.config.columns) right = std::max(right, column.view.rect.right);
   const Rect table{frame.indicatorWidth, frame.headerBand, std::min(right, frame.client.width),
                    frame.client.height};
-  drawCell(context.target(), DrawStyle(background), table, {}, 0);
+  drawCell({canvas, model.eval}, DrawStyle(background), table, {}, 0);
+}
+
+// Over a background image cells are blended: the image must lie under a band, and not the row that reaches
+// into it. `row` is the one that the background was evaluated with.
+void restoreBackground(const PaintContext& context, const Rect& band, std::int32_t row) {
+  if (context.model.config.background.imageMode == image_mode::solid || band.empty()) return;
+  Canvas& surface = scratchSurface(context);
+  const std::int32_t present = std::exchange(context.model.eval.ExprRow, row);
+  fillBackground(context, surface);
+  context.model.eval.ExprRow = present;
+  context.canvas.blitSurface(band, surface, band.left, band.top);
 }
 
 bool reachesIn(const PaintContext& context, const ColumnRecord& column) {
@@ -46,31 +58,27 @@ void paintHeaderBand(const PaintContext& context) {
   }
 }
 
-void paintSummaryBand(const PaintContext& context) {
+// `backgroundRow` as restoreBackground() takes it.
+void paintSummaryBand(const PaintContext& context, std::int32_t backgroundRow) {
   const PaintModel& model = context.model;
   if (model.frame.summary == SummaryBand::None || !model.link.dataSet()) return;
   const std::int32_t top =
       model.frame.summary == SummaryBand::Bottom ? context.dataRect().bottom : model.frame.headerBand;
+  const Rect band{model.frame.indicatorWidth, top, model.frame.client.width,
+                  addClamped(top, model.frame.rowHeight)};
+  restoreBackground(context, band, backgroundRow);
   for (const ColumnRecord& column : model.config.columns) {
     if (column.viewVisible && reachesIn(context, column)) paintSummaryCell(context, column, top);
   }
 }
 
-// Which rows of the page are selected. Thousands of rows may be: each is looked up once among those of the
-// page.
+// Which rows of the page are selected.
 void markSelectedRows(const PaintContext& context) {
   const std::vector<RowNode*>& page = context.model.page.VisibleRows;
-  PaintScratch& scratch = context.scratch;
-  scratch.selected.assign(page.size(), false);
-  if (context.model.focus.SelectedRows.empty()) return;
-  scratch.pageOrder.clear();
-  for (std::size_t index = 0; index < page.size(); ++index)
-    scratch.pageOrder.emplace_back(page[index], index);
-  std::sort(scratch.pageOrder.begin(), scratch.pageOrder.end());
-  for (const RowNode* node : context.model.focus.SelectedRows) {
-    const auto place = std::lower_bound(scratch.pageOrder.begin(), scratch.pageOrder.end(),
-                                        std::pair<const RowNode*, std::size_t>(node, 0));
-    if (place != scratch.pageOrder.end() && place->first == node) scratch.selected[place->second] = true;
+  std::vector<bool>& selected = context.scratch.selected;
+  selected.resize(page.size());
+  for (std::size_t index = 0; index < page.size(); ++index) {
+    selected[index] = context.model.focus.SelectedRows.holds(page[index]);
   }
 }
 
@@ -81,10 +89,11 @@ PaintResult PaintPipeline::paint(Canvas& canvas, const PaintModel& model) {
   if (!model.settings.Draw || model.settings.ColumnInfo.empty()) return result;
   const PaintContext context{canvas, model, scratch_};
   markSelectedRows(context);
-  fillBackground(context);
+  const std::int32_t backgroundRow = model.eval.ExprRow;
+  fillBackground(context, canvas);
   paintRows(context);
   paintHeaderBand(context);
-  paintSummaryBand(context);
+  paintSummaryBand(context, backgroundRow);
   paintIndicator(context);
   paintFocus(context, result);
   result.painted = true;

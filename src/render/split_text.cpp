@@ -11,22 +11,29 @@ std::u16string_view trimmed(std::u16string_view item, std::u16string_view trimSe
   return item.substr(first, item.find_last_not_of(trimSet) - first + 1);
 }
 
-// The end of the first item of `rest`, npos when it is the last one. Takes escapes, and delimiters that do
-// not count, out of `rest`.
-std::size_t itemEnd(std::u16string& rest, std::u16string_view delimiter, char16_t escape) {
+// Takes the first item from `rest` into `item`, without its escapes, and the delimiter behind it. False for
+// the last item.
+bool takeItem(std::u16string_view& rest, std::u16string_view delimiter, char16_t escape,
+              std::u16string& item) {
+  item.clear();
+  std::size_t taken = 0;
   std::size_t at = rest.find(delimiter);
-  while (at != std::u16string::npos) {
+  while (at != std::u16string_view::npos) {
     if (escape == 0 && at == 0) {
-      rest.erase(0, delimiter.size());
+      rest.remove_prefix(delimiter.size());
       at = rest.find(delimiter);
     } else if (escape != 0 && at > 0 && rest[at - 1] == escape) {
-      rest.erase(at - 1, 1);
-      at = rest.find(delimiter, at - 1 + delimiter.size());
+      item.append(rest.substr(taken, at - 1 - taken));
+      taken = at;
+      at = rest.find(delimiter, at + delimiter.size());
     } else {
-      return at;
+      item.append(rest.substr(taken, at - taken));
+      rest.remove_prefix(at + delimiter.size());
+      return true;
     }
   }
-  return at;
+  item.append(rest.substr(taken));
+  return false;
 }
 
 }  // namespace
@@ -34,13 +41,12 @@ std::size_t itemEnd(std::u16string& rest, std::u16string_view delimiter, char16_
 std::int32_t splitText(std::vector<XString>& list, std::u16string_view text, std::u16string_view delimiter,
                        std::u16string_view trimSet, char16_t escape) {
   list.clear();
-  std::u16string rest(text);
-  for (;;) {
-    const std::size_t end = delimiter.empty() ? std::u16string::npos : itemEnd(rest, delimiter, escape);
-    list.emplace_back(trimmed(std::u16string_view(rest).substr(0, end), trimSet));
-    if (end == std::u16string::npos) return static_cast<std::int32_t>(list.size());
-    rest.erase(0, end + delimiter.size());
+  std::u16string item(text);
+  if (!delimiter.empty()) {
+    while (takeItem(text, delimiter, escape, item)) list.emplace_back(trimmed(item, trimSet));
   }
+  list.emplace_back(trimmed(item, trimSet));
+  return static_cast<std::int32_t>(list.size());
 }
 
 bool CaptionLines::next(std::u16string_view& line) {

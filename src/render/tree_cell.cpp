@@ -88,7 +88,8 @@ class TreeDrawer {
   Rect boxRect() const {
     const std::int32_t left = subClamped(x_, tree_.thumbSize / 2);
     const std::int32_t top = subClamped(middle_, tree_.thumbSize / 2);
-    return {left, top, addClamped(left, tree_.thumbSize - 1), addClamped(top, tree_.thumbSize - 1)};
+    const std::int32_t side = subClamped(tree_.thumbSize, 1);
+    return {left, top, addClamped(left, side), addClamped(top, side)};
   }
 
   void drawBoxWithLines(std::int32_t textHeight) const {

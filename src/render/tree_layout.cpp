@@ -15,7 +15,7 @@ bool TreeLayout::hasIcon(RowState state) const {
 
 std::int32_t TreeLayout::textLeft(const RowNode& node, bool dataRow) const {
   std::int64_t left = hasIcon(node.state) ? tree.iconSize : 0;
-  left += static_cast<std::int64_t>(node.level - 1) * step + 2 * static_cast<std::int64_t>(margin);
+  left += static_cast<std::int64_t>(subClamped(node.level, 1)) * step + 2 * static_cast<std::int64_t>(margin);
   left += static_cast<std::int64_t>(tree.indentWidth) + tree.thumbSize;
   if (odd) left += node.level / 2 + 1;
   if (dataRow && node.state == RowState::Leaf) left -= tree.thumbSize / 2;
@@ -24,7 +24,7 @@ std::int32_t TreeLayout::textLeft(const RowNode& node, bool dataRow) const {
 
 std::int32_t TreeLayout::lineX(std::int32_t level) const {
   const std::int32_t first = addClamped(tree.thumbSize / 2, margin);
-  const std::int32_t x = addClamped(first, mulClamped(level - 1, step));
+  const std::int32_t x = addClamped(first, mulClamped(subClamped(level, 1), step));
   return odd && level % 2 == 0 ? addClamped(x, 1) : x;
 }
 

@@ -31,7 +31,7 @@ void removeUnresolved(XList<SuppressRef>& entries) {
   }
 }
 
-// The text of a cell by the kind of its row; `level` may change as GroupText() says.
+// The text that a cell shows by the kind of its row; `level` may change as GroupText() says.
 void textOfLevel(const TextSource& source, const ColumnRecord& column, std::int32_t row,
                  std::int32_t columnIndex, std::int32_t& level, XString& text) {
   if (level == 0) {
@@ -43,7 +43,8 @@ void textOfLevel(const TextSource& source, const ColumnRecord& column, std::int3
   }
 }
 
-// Equal keys make a run. The parts stand side by side without a separator.
+// Equal keys make a run. The parts stand side by side without a separator. A row below level 0 shows no text,
+// but is told from its neighbours by the text that it would show.
 void keyOf(const TextSource& source, const ColumnRecord& column, std::int32_t row, XString& key) {
   source.eval.ExprRow = row;
   const std::int32_t rowLevel = source.link.level(row);
@@ -51,8 +52,12 @@ void keyOf(const TextSource& source, const ColumnRecord& column, std::int32_t ro
   key.assign({});
   for (const SuppressRef& entry : column.suppressRefs) {
     if (!entry.column) continue;
-    std::int32_t level = rowLevel;
-    textOfLevel(source, *entry.column, row, entry.index, level, part);
+    if (rowLevel > 0) {
+      std::int32_t level = rowLevel;
+      GroupText(source, *entry.column, row, entry.index, level, part);
+    } else {
+      cellText(source, *entry.column, row, entry.index, part);
+    }
     key.append(part);
   }
 }

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -16,6 +17,8 @@ struct Bitmap {
   std::int32_t width = 0;
   std::int32_t height = 0;
   std::vector<std::uint32_t> pixels;
+  // Set by whoever makes the pixels: their alpha counts. Otherwise all are opaque, whatever alpha they have.
+  bool translucent = false;
 
   Bitmap() = default;
   Bitmap(std::int32_t w, std::int32_t h, std::uint32_t pixel = 0xFF000000)
@@ -24,6 +27,12 @@ struct Bitmap {
   std::uint32_t at(std::int32_t x, std::int32_t y) const {
     return pixels[static_cast<std::size_t>(y) * static_cast<std::size_t>(width) +
                   static_cast<std::size_t>(x)];
+  }
+
+  // Looks for a pixel that is not opaque.
+  void findTranslucent() {
+    translucent =
+        std::any_of(pixels.begin(), pixels.end(), [](std::uint32_t pixel) { return pixel >> 24 != 0xFF; });
   }
 };
 

@@ -40,8 +40,8 @@ class GridServices {
   // gives the last answer, VT_EMPTY without one.
   virtual XValue fire(EventId id, std::span<const XValue> arguments) = 0;
   virtual bool ask(EventId id, std::span<const XValue> arguments) = 0;
-  // Raised by every Refresh: whoever lets the host run and then finds another number holds stale columns
-  // and rows.
+  // Raised whenever columns or rows are made anew: whoever lets the host run and then finds another number
+  // holds stale ones.
   virtual std::uint64_t generation() const = 0;
 };
 

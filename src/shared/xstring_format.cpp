@@ -45,6 +45,16 @@ void appendNumber(Buffer& out, const Conversion& conversion, Number number) {
   for (char c : fmt::sprintf(fmt::string_view(pattern.data(), pattern.size()), number)) out.push_back(c);
 }
 
+// The code unit of a number; a fraction goes, and what no unit can hold shows as the replacement character.
+template <class Number>
+char16_t codeUnitOf(Number number) {
+  if constexpr (std::is_floating_point_v<Number>) {
+    return number > -1 && number < 0x10000 ? static_cast<char16_t>(number) : u'\uFFFD';
+  } else {
+    return static_cast<char16_t>(number);
+  }
+}
+
 // Prints one argument; a number becomes what the conversion expects.
 struct Printer {
   Buffer& out;
@@ -57,7 +67,7 @@ struct Printer {
     if (std::strchr("fFeEgGaA", conversion.type)) {
       appendNumber(out, conversion, static_cast<double>(number));
     } else if (conversion.type == 'c') {
-      const auto unit = static_cast<char16_t>(number);
+      const char16_t unit = codeUnitOf(number);
       appendText(out, conversion, {&unit, 1});
     } else if (conversion.type == 's') {
       appendText(out, conversion, utf16FromUtf8(fmt::format("{}", number)));
@@ -131,7 +141,7 @@ class PatternReader {
     template <class Number>
     int operator()(Number number) const {
       const auto value = static_cast<double>(number);
-      return static_cast<int>(std::clamp(value, -double{maxField}, double{maxField}));
+      return value == value ? static_cast<int>(std::clamp(value, -double{maxField}, double{maxField})) : 0;
     }
   };
 

@@ -86,8 +86,8 @@ TEST(CsvReader, FaultsNameTheLine) {
 // Every place of a record can fall on the end of a block.
 TEST(CsvReader, RecordsAcrossBlocks) {
   const std::string tail = "\"q\"\"\r\n,\",\xE2\x82\xAC\r\n,\"\"\r\nz,\"y\"";
-  for (std::size_t shift = 0; shift <= tail.size() + 2; ++shift) {
-    const std::string filler((std::size_t{1} << 20) - 12 - shift, 'x');
+  for (std::size_t shift = 0; shift <= tail.size(); ++shift) {
+    const std::string filler((std::size_t{1} << 20) - 8 - shift, 'x');
     const std::string expected = "a|b/" + filler + "|1/q\"\r\n,|\xE2\x82\xAC/|/z|y";
     ASSERT_EQ(readAll("a,b\n" + filler + ",1\r\n" + tail), expected) << shift;
   }

@@ -120,6 +120,7 @@ class NotingSink : public DataSetNotifications {
   HResult DataChanged(std::int32_t value) override { return note("DataChanged", {value}); }
   HResult CanChange(std::int32_t, VariantBool& allowed) override {
     allowed = allow ? VARIANT_TRUE : VARIANT_FALSE;
+    if (inside) inside("CanChange");
     return S_OK;
   }
   HResult CurrentRowChanged(std::int32_t row) override { return note("CurrentRowChanged", {row}); }

@@ -100,6 +100,23 @@ TEST(Notifications, ChangesMadeInsideANotification) {
       "CurrentRowChanged(3)");
 }
 
+TEST(Notifications, RowsThatGoWhileTheVoteIsTaken) {
+  for (const bool write : {false, true}) {
+    MemoryDataSet rows(storeOf("n\n1\n2\n"));
+    NotingSink sink(rows);
+    sink.inside = [&](const std::string& note) {
+      if (note != "CanChange") return;
+      rows.replaceRows(storeOf("n\n7\n"));
+    };
+    if (write)
+      rows.SetText(2, 1, wide("9"));
+    else
+      rows.DeleteRow(2);
+    EXPECT_EQ(testing::columnTexts(rows, 1), "7");
+    EXPECT_EQ(sink.taken(), "StructureChanged(0)");
+  }
+}
+
 TEST(Notifications, EveryCurrentRowIsToldAndWrongOnesAreNot) {
   MemoryDataSet rows(storeOf("n\n1\n2\n"));
   NotingSink sink(rows);

@@ -4,7 +4,6 @@
 
 #include "console/scratch_folder.h"
 #include "tools/tessera/open_form.h"
-#include "tools/tessera/start_tags.h"
 
 namespace tessera {
 namespace {
@@ -176,19 +175,6 @@ TEST(FormReader, FillsInDefaults) {
   EXPECT_EQ(opened->form.fontSize, 9);
   EXPECT_EQ(opened->form.codePage, 65001u);
   EXPECT_EQ(opened->form.container, ContainerKind::Html);
-}
-
-TEST(StartTags, ListNamesAttributesAndLines) {
-  const auto tags = readStartTags(
-      "<?xml version='1.0'?>\n<!-- <no a='1'> -->\n<a b = '<c d=\"1\">'\n e=\"2\"><f/><![CDATA[<g "
-      "h='1'/>]]></a>");
-  ASSERT_EQ(tags.size(), 2u);
-  EXPECT_EQ(tags[0].name, "a");
-  EXPECT_EQ(tags[0].line, 3);
-  EXPECT_EQ(tags[0].attributes, (std::vector<std::string_view>{"b", "e"}));
-  EXPECT_EQ(tags[1].name, "f");
-  EXPECT_EQ(tags[1].line, 4);
-  EXPECT_TRUE(tags[1].attributes.empty());
 }
 
 }  // namespace

@@ -87,7 +87,8 @@ TEST_P(TranscriptTest, SaysTheSameAgain) {
     std::ofstream(path, std::ios::binary) << withRemarks(recorded, lines);
     GTEST_SKIP() << path << " was rewritten";
   }
-  EXPECT_EQ(unifiedDiff(recorded.lines, lines), "") << path;
+  const std::string diff = unifiedDiff(recorded.lines, lines);
+  EXPECT_TRUE(diff.empty()) << path << "\n" << diff;
 }
 
 INSTANTIATE_TEST_SUITE_P(Console, TranscriptTest, testing::ValuesIn(names()),

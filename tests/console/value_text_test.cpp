@@ -113,7 +113,7 @@ TEST(QuotedText, EscapesAsJson) {
       {u"", R"("")"},
       {u"say \"hi\" \\ / ", R"("say \"hi\" \\ / ")"},
       {u"\b\f\n\r\t\x01", R"("\b\f\n\r\t\u0001")"},
-      {u"K\u00F6ln \uD83D\uDE00", "\"K\xC3\xB6ln \xF0\x9F\x98\x80\""},
+      {u"K\u00F6ln \U0001F600", "\"K\xC3\xB6ln \xF0\x9F\x98\x80\""},
       {u"\uFFFF", "\"\xEF\xBF\xBF\""},
   };
   for (const Row& row : rows) {

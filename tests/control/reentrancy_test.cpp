@@ -56,6 +56,18 @@ TEST_F(Reentrancy, WindowGoesInsideAnError) {
   EXPECT_EQ(page(), "1-3 top 1 of 3 focus 1 a");
 }
 
+TEST_F(Reentrancy, WindowGoesInsideTheErrorOfItsCreation) {
+  addData(3);
+  control.put_DataID(u"data");
+  control.put_ColumnInfo(u"<GRID><COLUMN/></GRID>");
+  events.inside = [this] { control.windowDestroyed(); };
+  auto shortLived = std::make_unique<FakeWindow>();
+  control.put_Enable(VARIANT_FALSE);
+  control.windowCreated(*shortLived);
+  EXPECT_TRUE(shortLived->enabled);
+  EXPECT_EQ(control.parts().window, nullptr);
+}
+
 TEST_F(Reentrancy, IndicatorSetInsideItsOwnError) {
   addData(3);
   open();

@@ -25,8 +25,9 @@ struct ScrollFixture {
     if (frame.anyFixed) frame.fixed = fixedRange(columns);
     update();
   }
-  void update(std::int32_t which = bar_bit::both) {
-    UpdateScrollBars(scroll(), rows, settings, window, which);
+  void update() {
+    updateHorizontalBar(scroll(), settings, window);
+    updateVerticalBar(page, frame, rows, settings, window);
   }
   ColumnScroll scroll() { return {columns, page, focus, frame}; }
   ColumnRecord& column(std::string_view id) {
@@ -53,6 +54,7 @@ constexpr const char* fiveColumns =
 TEST(ColumnScroll, StepsColumnByColumnUntilTheLastOneShows) {
   ScrollFixture f(fiveColumns, 250);
   EXPECT_EQ(f.window.bars[Bar::Horizontal].maximum, 4);  // 1 + the three stops after which e ends inside the view
+  f.focus.FocusColumn = f.columns.head();
   EXPECT_EQ(f.scroll().StepRight(), 100);
   EXPECT_EQ(headersOf(f.columns), "a:-100-0 b:0-100 c:100-200 d:200-300 e:300-400");
   EXPECT_EQ(f.scroll().StepRight(), 100);
@@ -72,6 +74,24 @@ TEST(ColumnScroll, FixedColumnsStay) {
   EXPECT_EQ(f.scroll().StepRight(), 100);
   EXPECT_EQ(headersOf(f.columns), "fixed:0-80 b:-20-80 c:80-180 d:180-300");
   EXPECT_EQ(f.scroll().PageColumns(), 2);
+}
+
+TEST(ColumnScroll, FixedFocusColumnKeepsItsPlace) {
+  ScrollFixture f("fixed 0 80 0 20 fix\nb 80 180 0 20\nc 180 280 0 20", 200);
+  f.focus.FocusColumn = f.columns.head();
+  EXPECT_EQ(f.scroll().StepRight(), 100);
+  EXPECT_EQ(f.focus.FocusLeft, 0);
+}
+
+// A view that ends inside the fixed zone has columns beyond it and none that could slide out.
+TEST(ColumnScroll, ViewNarrowerThanTheFixedZoneMovesNothingAway) {
+  ScrollFixture f("fixed 0 500 0 20 fix\na 500 600 0 20\nb 600 650 0 20", 300);
+  f.page.horizontal.maximum = 10;
+  for (int i = 0; i < 5; ++i) f.scroll().StepRight();
+  EXPECT_EQ(headersOf(f.columns), "fixed:0-500 a:350-450 b:450-500");
+  while (f.scroll().StepLeft() != 0) {
+  }
+  EXPECT_EQ(headersOf(f.columns), "fixed:0-500 a:500-600 b:600-650");
 }
 
 TEST(ColumnScroll, BringsColumnsIntoView) {
@@ -123,6 +143,14 @@ TEST(ScrollBars, HorizontalBarFollowsTheColumns) {
   }
 }
 
+// Of two columns with one left the first one counts, but a page that is scrolled has seen how far they all reach.
+TEST(ScrollBars, ScrolledPageKnowsTheWidestColumn) {
+  ScrollFixture f("a 0 100 0 20\nb 100 200 0 20\nc 200 250 0 20\nwide 200 500 20 40", 150);
+  f.scroll().StepRight();
+  f.update();
+  EXPECT_EQ(f.window.bars[Bar::Horizontal].maximum, 4);
+}
+
 TEST(ScrollBars, WidenedWindowPullsHiddenColumnsBackIn) {
   ScrollFixture f(fiveColumns, 250);
   f.scroll().EnsureColumnVisible(f.column("e"));
@@ -145,7 +173,7 @@ TEST(ScrollBars, VerticalBarAndTheBarsThatStay) {
   EXPECT_TRUE(f.window.shown[Bar::Vertical] && f.window.barEnabled[Bar::Vertical]);
   f.rows.buildPlain(1);
   f.settings.FixVScroll = true;
-  f.update(bar_bit::vertical);
+  f.update();
   EXPECT_TRUE(f.window.shown[Bar::Vertical]);
   EXPECT_FALSE(f.window.barEnabled[Bar::Vertical]);
 }

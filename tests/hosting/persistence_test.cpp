@@ -200,6 +200,35 @@ TEST(Persistence, BagSkipsWhatItLacksAndConverts) {
   EXPECT_TRUE(control.values[u"ViewHeader"] == XValue::ofBool(true));
 }
 
+TEST(Persistence, SavingToABagWritesNothing) {
+  FakeControl control;
+  MapBag bag;
+  EXPECT_EQ(saveToBag(control, bag), S_OK);
+  EXPECT_TRUE(bag.entries.empty());
+}
+
+TEST(VariantStream, ReadsTypesOfOtherWriters) {
+  struct Case {
+    std::vector<unsigned char> bytes;
+    XValue value;
+  };
+  XValue four;
+  four.setInteger(VT_UI4, 4'000'000'000);
+  const Case cases[] = {
+      {{22, 0, 0xFE, 0xFF, 0xFF, 0xFF}, XValue::ofInt(-2)},
+      {{23, 0, 0x00, 0x28, 0x6B, 0xEE}, four},
+      {{6, 0, 0x88, 0x77, 0, 0, 0, 0, 0, 0}, XValue::ofDouble(3.06)},
+  };
+  for (const Case& c : cases) {
+    MemoryStream stream;
+    for (unsigned char byte : c.bytes) stream.data.push_back(static_cast<std::byte>(byte));
+    XValue value;
+    ASSERT_EQ(readVariant(stream, value), S_OK);
+    EXPECT_TRUE(value == c.value) << textOf(value).toUtf8();
+    EXPECT_EQ(stream.position, stream.data.size());
+  }
+}
+
 TEST(Persistence, StorageNamesTheStream) {
   FakeControl control;
   OneStreamStorage storage;

@@ -93,7 +93,9 @@ TEST_F(CellDrawing, Borders) {
       {0, usual, 0, {}},
       {1, usual, 0, {"line 9,19 109,19 109,39 9,39 9,19 808080 1"}},
       {1, {0, 0, 50, 20}, 0, {"line 0,0 49,0 49,19 0,19 0,0 808080 1"}},
-      {1, usual, 30, {"line 29,19 109,19 109,39 29,39 29,19 808080 1"}},
+      {1, usual, 30, {"line 30,19 109,19 109,39 30,39 808080 1"}},
+      {1, usual, 10, {"line 9,19 109,19 109,39 9,39 9,19 808080 1"}},
+      {1, usual, 11, {"line 11,19 109,19 109,39 11,39 808080 1"}},
       {3, usual, 0, {"line 9,19 109,19 109,39 9,39 9,19 808080 1"}},
       {2, usual, 0, {"edge 10,20,110,40 raised inner"}},
       {4, usual, 30, {"edge 30,20,110,40 sunken inner"}},
@@ -176,6 +178,38 @@ TEST_F(CellDrawing, ExpressionsGoBeforeStoredFields) {
   EXPECT_EQ(cell(usual, u"")[0], "blend 10,20,110,40 ffffff 204");
   style.imageMode = image_mode::placed;
   EXPECT_EQ(cell(usual, u"")[0], "blend 10,20,110,40 fe0000 204");
+}
+
+// Counts the units that are measured.
+class MeasuringCanvas : public RecordingCanvas {
+ public:
+  using RecordingCanvas::RecordingCanvas;
+  Size textExtent(const LogFont& font, std::u16string_view text) override {
+    measured += text.size();
+    return RecordingCanvas::textExtent(font, text);
+  }
+  std::size_t measured = 0;
+};
+
+TEST_F(CellDrawing, MeasuresOnlyWhatStandsByItsWidth) {
+  const struct {
+    std::int32_t align;
+    std::int32_t sortMark;
+    std::size_t cell, header;  // units measured of "abc;de"
+  } cases[] = {{align::left | align::middle, 0, 0, 0}, {align::full, 0, 0, 0},
+               {align::left | align::middle, 1, 6, 6}, {align::centerCenter, 0, 6, 11},
+               {align::right | align::middle, 0, 6, 11}};
+  for (const auto& test : cases) {
+    MeasuringCanvas measuring({200, 100});
+    style.align = test.align;
+    style.sortMark = test.sortMark;
+    style.sortBitmapUp = Glyph::SortUp;
+    drawCell({measuring, eval}, DrawStyle(style), usual, u"abc;de", 0);
+    EXPECT_EQ(measuring.measured, test.cell) << test.align;
+    measuring.measured = 0;
+    drawHeaderText({measuring, eval}, DrawStyle(style), usual, u"abc;de", 0);
+    EXPECT_EQ(measuring.measured, test.header) << test.align;
+  }
 }
 
 TEST_F(CellDrawing, SemicolonBreaksHeaderLinesOnly) {

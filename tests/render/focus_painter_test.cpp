@@ -184,6 +184,18 @@ TEST_F(FocusPainter, EditorPlace) {
   }
 }
 
+TEST_F(FocusPainter, EditorPlaceStaysWithinTheNumbers) {
+  constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
+  last().child.type = CellKind::Edit;
+  last().view.rect.top = last().view.rect.bottom = least;
+  focusCell(1);
+  frameHeight = 20;
+  editorOpen = true;
+  const auto place = paint().editorPlace;
+  ASSERT_TRUE(place);
+  EXPECT_LE(place->bottom, place->top);
+}
+
 TEST_F(FocusPainter, EditorOfATreeColumnStartsAtTheText) {
   config.tree.rowMode = RowMode::Tree;
   last().hasTree = true;

@@ -1,5 +1,7 @@
 #include "render/paint_pipeline.h"
 
+#include <algorithm>
+
 #include "render/paint_fixture.h"
 
 namespace tessera {
@@ -94,6 +96,40 @@ TEST_F(Pipeline, BackgroundPictureLiesUnderTheTable) {
   config.columns.head()->value().view.rect.right = 1000;
   paint();
   EXPECT_EQ(canvas.lines()[1], "fill 20,20,400,100 010203");
+}
+
+TEST_F(Pipeline, BackgroundPictureLiesUnderTheSummaryBand) {
+  const FakeProgram ground([](EvalState& state, XValue& value) {
+    value.setInt(state.ExprRow);
+    return true;
+  });
+  const auto picture = std::make_shared<Bitmap>(40, 30);
+  config.background.imageHandle = picture;
+  config.background.imageMode = image_mode::stretched;
+  config.background.setDynamic(DynamicSlot::BackColor, &ground);
+  config.columns.head()->value().summary.imageMode = image_mode::blended;
+  config.columns.head()->value().summary.borderStyle = border::none;
+  client.height = 50;  // the row reaches into the band
+  eval.ExprRow = 0x70;
+  // The rows are painted; the background still has the colour that it was given first.
+  EXPECT_EQ(paintOnly("fill 0,0,400"), (Lines{"fill 0,0,400,50 700000"}));
+  EXPECT_EQ(canvas.linesOf("surface"),
+            (Lines{"surface fill 0,0,400,50 700000", "surface stretch 20,20,120,50 40x30"}));
+  const Lines summary = paintFrom("copy");
+  ASSERT_GE(summary.size(), 2u);
+  EXPECT_EQ(summary[0], "copy 20,30,400,50 from 400x100 20,30");
+  EXPECT_EQ(summary[1], "blend 20,30,120,50 ffffff 204");
+  const Lines& all = canvas.lines();
+  const auto place = [&all](const std::string& line) { return std::find(all.begin(), all.end(), line); };
+  EXPECT_LT(place("text 23,23,117,37 at 67,23 000000 \"a\""), place(summary[0]));
+
+  settings.ViewSummary = SummaryBand::Top;
+  EXPECT_EQ(paintOnly("copy"), (Lines{"copy 20,20,400,40 from 400x100 20,20"}));
+  settings.ViewSummary = SummaryBand::None;
+  EXPECT_EQ(paintOnly("copy"), Lines{});
+  settings.ViewSummary = SummaryBand::Bottom;
+  config.background.imageMode = image_mode::solid;
+  EXPECT_EQ(paintOnly("copy"), Lines{});
 }
 
 TEST_F(Pipeline, LaterColumnsLieOverEarlierOnes) {

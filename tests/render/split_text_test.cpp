@@ -1,5 +1,6 @@
 #include "render/split_text.h"
 
+#include <chrono>
 #include <gtest/gtest.h>
 
 namespace tessera {
@@ -33,6 +34,9 @@ TEST(SplitText, Items) {
       {u"  ;x", u";", u" ", u'/', {u"", u"x"}},
       {u"a::b", u"::", u"", u'/', {u"a", u"b"}},
       {u"a:b", u"::", u"", u'/', {u"a:b"}},
+      {u"a/;b/;c;/;d/;", u";", u"", u'/', {u"a;b;c", u";d;"}},
+      {u"x///y", u"/", u"", u'/', {u"x", u"/y"}},
+      {u"a;b", u"", u"", u'/', {u"a;b"}},
   };
   for (const SplitCase& test : cases) {
     std::vector<XString> list{XString(u"left over")};
@@ -42,6 +46,20 @@ TEST(SplitText, Items) {
     for (const XString& item : list) items.emplace_back(item.view());
     EXPECT_EQ(items, test.expected) << XString(test.text).toUtf8();
   }
+}
+
+// Each delimiter must not make all that follows it move.
+TEST(SplitText, OfMillionsOfDelimitersIsMadeInPassing) {
+  constexpr std::size_t count = 2'000'000;
+  std::u16string escaped;
+  for (std::size_t i = 0; i < count; ++i) escaped += u"/;";
+  const auto start = std::chrono::steady_clock::now();
+  std::vector<XString> list;
+  EXPECT_EQ(splitText(list, std::u16string(count, u';'), u";", u"", 0), 1);
+  EXPECT_EQ(splitText(list, escaped, u";", u"", u'/'), 1);
+  EXPECT_EQ(list.front().size(), count);
+  EXPECT_EQ(splitText(list, std::u16string(count, u';'), u";", u"", u'/'), std::int32_t{count + 1});
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
 
 TEST(CaptionLines, AreTheItemsOfTheCaption) {

@@ -81,5 +81,13 @@ TEST_F(Suppress, GroupRowsTakePartWithTheirGroupText) {
   EXPECT_EQ(span(1), 3);
 }
 
+TEST_F(Suppress, RowsBelowLevelZeroTakePartWithTheirOrdinaryText) {
+  bind({u"V", u"W"}, {{u"A", u"1"}, {u"A", u"1"}, {u"B", u"1"}});
+  data->rows[1].level = data->rows[2].level = -1;
+  suppressOn({u"V"});
+  EXPECT_EQ(span(1), 2);
+  EXPECT_EQ(span(2), 1);
+}
+
 }  // namespace
 }  // namespace tessera

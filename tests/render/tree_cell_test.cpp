@@ -1,3 +1,5 @@
+#include <limits>
+
 #include "render/paint_fixture.h"
 #include "render/tree_layout.h"
 
@@ -85,6 +87,15 @@ TEST_F(TreeCell, GroupRowsTakeTheGroupCellAndTheirOwnDatasetColumn) {
                                            "line 7,30 11,30 808080 1", "line 7,20 7,29 808080 1"}));
 }
 
+TEST_F(TreeCell, BoxesOfAnySizeCanBeConfigured) {
+  constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
+  config.tree.thumbSize = least;
+  config.tree.hasLine = false;
+  EXPECT_EQ(paintOnly("line"), Lines{});
+  rows.find(1)->level = least;
+  EXPECT_TRUE(paint().painted);
+}
+
 TEST_F(TreeCell, LinesEndAtTheFixedZone) {
   addColumn(u"F").header.fix = true;
   config.columns.tail()->value().header.rect = {0, 0, 8, 20};
@@ -100,6 +111,16 @@ TEST_F(TreeCell, PlainGridHasNoTree) {
   config.tree.rowMode = RowMode::Plain;
   EXPECT_EQ(paintOnly("line"), Lines{});
   EXPECT_EQ(canvas.linesOf("text").front(), "text 3,3,97,17 at 47,3 000000 \"a\"");
+}
+
+TEST(TreeLayout, StaysWithinTheNumbers) {
+  constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
+  TreeInfo tree;
+  RowNode node;
+  node.level = least;
+  const TreeLayout layout(tree, 3);
+  EXPECT_EQ(layout.lineX(least), least + 1);
+  EXPECT_EQ(layout.textLeft(node, true), least);
 }
 
 TEST(TreeLayout, Numbers) {

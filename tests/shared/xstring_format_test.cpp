@@ -50,6 +50,13 @@ TEST(XStringFormat, SurvivesPatternsThatDoNotFit) {
   EXPECT_EQ(formatted("%d %d|", 1), "1 |");
   EXPECT_EQ(formatted("%d", 2.9), "2");
   EXPECT_EQ(formatted("%d", std::numeric_limits<double>::quiet_NaN()), "0");
+  EXPECT_EQ(formatted("%c%c", 65.9, -0.5).substr(0, 1), "A");
+  for (const double number : {1e300, -1e300, 65536.0, -1.0, std::numeric_limits<double>::quiet_NaN()}) {
+    EXPECT_EQ(formatted("%c", number), "\xEF\xBF\xBD") << number;
+  }
+  EXPECT_EQ(formatted("%*s|", std::numeric_limits<double>::quiet_NaN(), "x"), "x|");
+  EXPECT_EQ(formatted("%*s", std::numeric_limits<int>::min(), "x").size(), 4095u);
+  EXPECT_EQ(formatted("%*s", -1e300, "x").size(), 4095u);
   EXPECT_EQ(formatted("%.1f", 3), "3.0");
   EXPECT_EQ(formatted("%s", 12), "12");
   EXPECT_EQ(formatted("%d", u"text"), "text");

@@ -92,18 +92,23 @@ class FakeWindow : public Window {
   void setBarPosition(Bar bar, std::int32_t position) override { bars[bar].position = position; }
   void showBar(Bar bar, bool value) override { shown[bar] = value; }
   void enableBar(Bar bar, bool value) override { barEnabled[bar] = value; }
-  std::int32_t trackingPosition(Bar bar) const override { return tracking.contains(bar) ? tracking.at(bar) : 1; }
+  std::int32_t trackingPosition(Bar bar) const override {
+    return tracking.contains(bar) ? tracking.at(bar) : 1;
+  }
   bool hasFocus() const override { return focus == Focus::Grid; }
   void setCapture(bool value) override { captured = value; }
   void setCursor(Cursor value) override { cursor = value; }
   Modifiers modifiers() const override { return keys; }
   Point pointer() const override { return pointerPlace; }
   Point clientOrigin() const override { return origin; }
-  Rect screenRect() const override { return {origin.x, origin.y, origin.x + size.width, origin.y + size.height}; }
+  Rect screenRect() const override {
+    return {origin.x, origin.y, origin.x + size.width, origin.y + size.height};
+  }
   Size screenSize() const override { return screen; }
   std::int32_t wheelLines() const override { return lines; }
   void startTimer(std::int32_t id, std::int32_t milliseconds) override { timers[id] = milliseconds; }
   void stopTimer(std::int32_t id) override { timers.erase(id); }
+  Canvas& canvas() override { return *surface; }
   std::unique_ptr<EditBox> createEditBox(EditBoxOwner& owner) override {
     auto box = std::make_unique<FakeEditBox>(owner);
     box->window = this;
@@ -141,7 +146,8 @@ class FakeWindow : public Window {
   Size screen{1920, 1080};
   std::int32_t lines = 3;
   std::map<std::int32_t, std::int32_t> timers;
-  FakeEditBox* edit = nullptr;  // borrowed from the control that made it
+  std::unique_ptr<Canvas> surface;  // set by tests that measure texts
+  FakeEditBox* edit = nullptr;      // borrowed from the control that made it
   FakeListBox* list = nullptr;
   FakeInputMethod ime;
   std::vector<PopupMenuItem> menu;

@@ -17,6 +17,7 @@
 #include "tools/tessera/data_operations.h"
 #include "tools/tessera/form_reader.h"
 #include "tools/tessera/grid_report.h"
+#include "tools/tessera/input_commands.h"
 #include "tools/tessera/memory_stream.h"
 
 namespace tessera {
@@ -210,7 +211,7 @@ Reply runClock(CommandContext& context, const Arguments& arguments) {
     if (!date) return Reply::error(inQuotes(arguments[0].utf8()) + " is no date");
     value.setDate(*date);
   }
-  context.host.clock().set(value.asDouble());
+  context.host.desktop().clock.set(value.asDouble());
   return {};
 }
 
@@ -328,9 +329,12 @@ Reply usage(const CommandRow& row) {
 }  // namespace
 
 const CommandRow* findCommand(std::string_view name) {
-  const auto* found = std::find_if(std::begin(commands), std::end(commands),
-                                   [name](const CommandRow& row) { return row.name == name; });
-  return found == std::end(commands) ? nullptr : found;
+  for (const std::span<const CommandRow> rows : {std::span<const CommandRow>(commands), inputCommands()}) {
+    for (const CommandRow& row : rows) {
+      if (row.name == name) return &row;
+    }
+  }
+  return nullptr;
 }
 
 Reply runCommandLine(CommandContext& context, std::string_view line) {

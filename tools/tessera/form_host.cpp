@@ -4,6 +4,7 @@
 #include "backends/headless/html_page.h"
 #include "backends/headless/item_page.h"
 #include "hosting/persistence.h"
+#include "interaction/keys.h"
 #include "shared/compare.h"
 #include "shared/utf.h"
 
@@ -35,7 +36,7 @@ FormHost::FormHost(OpenedForm opened, ITesseraEvents* events)
       client_(opened_.form.client),
       page_(buildPage()),
       site_(page_.get(), opened_.form.ambientFont(), opened_.form.codePage),
-      control_(std::make_unique<Tessera>(Ports{documents_, opened_.pictures.get(), &http_})) {
+      control_(std::make_unique<Tessera>(Ports{documents_, opened_.pictures.get(), &http_, &codePages_})) {
   control_->setClientSite(&site_);
   control_->quickActivate();
   if (events) control_->events().connect(events);
@@ -87,7 +88,11 @@ void FormHost::loadProperties() {
 
 void FormHost::createWindow() {
   if (window_) return;
-  window_ = std::make_unique<HeadlessWindow>(client_, [this](Canvas& canvas) { control_->onDraw(canvas); });
+  window_ = std::make_unique<HeadlessWindow>(
+      client_, [this](Canvas& canvas) { control_->onDraw(canvas); }, desktop_);
+  window_->setMessageTarget([this](std::uint32_t message, std::uint64_t wParam, std::int64_t lParam) {
+    return control_->HandleMessage(message, wParam, lParam);
+  });
   control_->windowCreated(*window_);
   if (window_) window_->update();
 }
@@ -95,7 +100,15 @@ void FormHost::createWindow() {
 void FormHost::destroyWindow() {
   if (!window_) return;
   control_->windowDestroyed();
+  if (!window_) return;
+  window_->close();
   destroyed_.push_back(std::move(window_));
+}
+
+// A Tab that leads out of the grid is the page's, where nothing else can take the focus.
+bool FormHost::filterKey(std::int32_t& key) {
+  const KeyRoute route = control_->translateKey(key);
+  return route == KeyRoute::Window || (route == KeyRoute::Host && key != key::tab);
 }
 
 void FormHost::resize(Size client) {

@@ -4,10 +4,11 @@
 
 #include <memory>
 
+#include "backends/headless/headless_input.h"
 #include "backends/headless/headless_site.h"
 #include "backends/headless/headless_window.h"
-#include "backends/headless/virtual_clock.h"
 #include "backends/native/curl_http_client.h"
+#include "backends/native/iconv_code_pages.h"
 #include "backends/native/xml_document_reader.h"
 #include "control/tessera.h"
 #include "tools/tessera/open_form.h"
@@ -24,7 +25,9 @@ class FormHost {
   FormHost& operator=(const FormHost&) = delete;
 
   Tessera& control() { return *control_; }
-  VirtualClock& clock() { return clock_; }
+  // What outlives every window, and the hands of the person before it.
+  HeadlessDesktop& desktop() { return *desktop_; }
+  HeadlessInput& input() { return input_; }
   // Null while there is none.
   HeadlessWindow* window() { return window_.get(); }
   // Nothing when it is there already, or not there. A destroyed window may still be in the middle of a call,
@@ -43,12 +46,15 @@ class FormHost {
   std::shared_ptr<Component> componentAt(const Form::Place& place) const;
   XString idAt(const Form::Place& place) const;
   void loadProperties();
+  bool filterKey(std::int32_t& key);
 
   OpenedForm opened_;
   Size client_;
-  VirtualClock clock_;
+  std::shared_ptr<HeadlessDesktop> desktop_ = std::make_shared<HeadlessDesktop>();
+  HeadlessInput input_{*desktop_, [this](std::int32_t& key) { return filterKey(key); }};
   XmlDocumentReader documents_;
   CurlHttpClient http_;
+  IconvCodePages codePages_;
   std::unique_ptr<Container> page_;
   HeadlessSite site_;
   std::unique_ptr<Tessera> control_;

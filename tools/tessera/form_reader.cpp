@@ -14,7 +14,6 @@
 #include "hosting/property_map.h"
 #include "shared/change_type.h"
 #include "shared/utf.h"
-#include "tools/tessera/start_tags.h"
 
 namespace tessera {
 
@@ -151,17 +150,19 @@ void checkTree(Reading& reading, const DocumentNode& node, std::string_view pare
   }
 }
 
-void checkAttributes(Reading& reading, std::string_view source) {
-  for (const StartTag& tag : readStartTags(source)) {
-    const ElementRule* rule = ruleOf(tag.name);
-    for (std::string_view attribute : tag.attributes) {
-      if (rule &&
-          std::find(rule->attributes.begin(), rule->attributes.end(), attribute) != rule->attributes.end()) {
-        continue;
-      }
-      reading.fail({reading.form.path, tag.line,
-                    "<" + std::string(tag.name) + "> has no attribute " + std::string(attribute)});
+void checkAttributes(Reading& reading, const DocumentNode& node) {
+  const std::string name = node.nodeName().toUtf8();
+  const Element element(reading, node);
+  const ElementRule* rule = ruleOf(name);
+  for (const XString& wide : node.attributeNames()) {
+    const std::string attribute = wide.toUtf8();
+    if (!rule ||
+        std::find(rule->attributes.begin(), rule->attributes.end(), attribute) == rule->attributes.end()) {
+      element.fail("<" + name + "> has no attribute " + attribute);
     }
+  }
+  for (const DocumentNode* child = node.firstChild(); child; child = child->nextSibling()) {
+    checkAttributes(reading, *child);
   }
 }
 
@@ -334,7 +335,7 @@ Loaded<Form> readForm(DocumentReader& documents, const std::string& path) {
   Reading reading;
   reading.form.path = path;
   checkTree(reading, root, "");
-  checkAttributes(reading, *source);
+  checkAttributes(reading, root);
   if (!reading.fault) Reader(reading).readAll(root);
   if (reading.fault) return *std::move(reading.fault);
   return std::move(reading.form);

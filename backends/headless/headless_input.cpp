@@ -1,0 +1,150 @@
+#include "backends/headless/headless_input.h"
+
+#include "backends/headless/headless_window.h"
+#include "backends/headless/keys.h"
+
+namespace tessera {
+
+namespace {
+
+namespace message {
+constexpr std::uint32_t setCursor = 32, keyDown = 256, keyUp = 257, character = 258, timer = 275, wheel = 522;
+}
+
+// The words that go with a mouse message.
+constexpr std::uint64_t leftHeld = 1, rightHeld = 2, shiftHeld = 4, controlHeld = 8;
+constexpr std::int64_t overClient = 1;
+constexpr std::int32_t notch = 120;  // of the wheel
+
+std::uint64_t heldWith(MouseAction action, Modifiers modifiers) {
+  const bool left = action == MouseAction::LeftDown || action == MouseAction::LeftDouble;
+  const bool right = action == MouseAction::RightDown || action == MouseAction::RightDouble;
+  return (left ? leftHeld : 0) | (right ? rightHeld : 0) | (modifiers.shift ? shiftHeld : 0) |
+         (modifiers.control ? controlHeld : 0);
+}
+
+std::int64_t packed(Point point) {
+  return static_cast<std::int64_t>(point.y & 0xFFFF) << 16 | (point.x & 0xFFFF);
+}
+
+class HeldKeys {
+ public:
+  HeldKeys(Modifiers& present, Modifiers held) : present_(present), saved_(present) { present = held; }
+  ~HeldKeys() { present_ = saved_; }
+  HeldKeys(const HeldKeys&) = delete;
+  HeldKeys& operator=(const HeldKeys&) = delete;
+
+ private:
+  Modifiers& present_;
+  Modifiers saved_;
+};
+
+}  // namespace
+
+HeadlessListBox* HeadlessInput::listUnderPointer() const {
+  HeadlessListBox* const list = desktop_.window->list();
+  return list && list->shownAt().holds(desktop_.pointer.x, desktop_.pointer.y) ? list : nullptr;
+}
+
+void HeadlessInput::mouse(MouseAction action, Point client, Modifiers modifiers) {
+  const HeldKeys held(desktop_.modifiers, modifiers);
+  if (!desktop_.window) return;
+  const Point origin = desktop_.window->clientOrigin();
+  desktop_.pointer = {addClamped(client.x, origin.x), addClamped(client.y, origin.y)};
+  if (desktop_.captured) return mouseToGrid(action, client);
+  if (mouseToList(action) || !desktop_.window->enabled() || mouseToBox(action, client)) return;
+  mouseToGrid(action, client);
+}
+
+bool HeadlessInput::mouseToList(MouseAction action) {
+  HeadlessListBox* const list = listUnderPointer();
+  if (!list) return false;
+  desktop_.cursor = Cursor::Arrow;
+  if (action == MouseAction::Move) list->mouseMove(desktop_.pointer);
+  if (action == MouseAction::LeftDown) list->mouseDown(desktop_.pointer);
+  return true;
+}
+
+bool HeadlessInput::mouseToBox(MouseAction action, Point client) {
+  HeadlessEditBox* const box = desktop_.window->editBox();
+  if (!box || (!box->isDragging() && !box->placement().holds(client.x, client.y))) return false;
+  desktop_.cursor = Cursor::Beam;
+  if (action == MouseAction::Move) box->mouseMove(client);
+  if (action == MouseAction::LeftDown) box->mouseDown(client, desktop_.modifiers.shift);
+  if (action == MouseAction::LeftUp) box->mouseUp();
+  if (action == MouseAction::LeftDouble) box->mouseDouble(client);
+  return true;
+}
+
+void HeadlessInput::mouseToGrid(MouseAction action, Point client) {
+  const auto number = static_cast<std::uint32_t>(action);
+  if (!desktop_.captured) {
+    desktop_.window->send(message::setCursor, 0, static_cast<std::int64_t>(number) << 16 | overClient);
+  }
+  if (!desktop_.window) return;
+  desktop_.window->send(number, heldWith(action, desktop_.modifiers), packed(client));
+}
+
+// The wheel belongs to the window with the focus, which for the grid's children is the grid.
+void HeadlessInput::wheel(Point client, std::int32_t delta) {
+  if (!desktop_.window) return;
+  const Point origin = desktop_.window->clientOrigin();
+  desktop_.pointer = {addClamped(client.x, origin.x), addClamped(client.y, origin.y)};
+  if (HeadlessListBox* list = listUnderPointer()) {
+    return list->scroll(mulClamped(subClamped(0, delta) / notch, desktop_.window->wheelLines()));
+  }
+  if (!desktop_.window->enabled()) return;
+  const auto word = static_cast<std::uint32_t>(delta) << 16;
+  desktop_.window->send(message::wheel, word, packed(desktop_.pointer));
+}
+
+void HeadlessInput::key(std::int32_t key, Modifiers modifiers) {
+  const HeldKeys held(desktop_.modifiers, modifiers);
+  if (!desktop_.window || !hasFocus()) return;
+  std::int32_t sent = key;
+  if (filter_ && !filter_(sent)) return;
+  pressKey(sent);
+  HeadlessWindow* const window = desktop_.window;
+  if (!window) return;
+  HeadlessEditBox* const box = window->editBox();
+  if (sent == keys::backspace && box && box->hasFocus()) box->typeCharacter(keys::backspace);
+  if (desktop_.window && desktop_.window->hasFocus()) {
+    desktop_.window->send(message::keyUp, static_cast<std::uint32_t>(key), 0);
+  }
+}
+
+void HeadlessInput::pressKey(std::int32_t key) {
+  HeadlessWindow* const window = desktop_.window;
+  if (!window) return;
+  if (window->hasFocus()) {
+    window->send(message::keyDown, static_cast<std::uint32_t>(key), 0);
+  } else if (window->editBox() && window->editBox()->hasFocus()) {
+    window->editBox()->pressKey(key);
+  } else if (window->list() && window->list()->hasFocus()) {
+    window->list()->pressKey(key);
+  }
+}
+
+void HeadlessInput::character(char16_t character) {
+  HeadlessWindow* const window = desktop_.window;
+  if (!window) return;
+  if (window->hasFocus()) {
+    window->send(message::character, character, 0);
+  } else if (window->editBox() && window->editBox()->hasFocus()) {
+    window->editBox()->typeCharacter(character);
+  } else if (window->list() && window->list()->hasFocus()) {
+    window->list()->typeCharacter(character);
+  }
+}
+
+void HeadlessInput::focusIn() {
+  if (desktop_.window) desktop_.window->setFocus();
+}
+
+void HeadlessInput::letPass(std::int64_t milliseconds) {
+  desktop_.timers.pass(milliseconds, [this](std::int32_t id) {
+    if (desktop_.window) desktop_.window->send(message::timer, static_cast<std::uint32_t>(id), 0);
+  });
+}
+
+}  // namespace tessera

@@ -1,0 +1,42 @@
+// The controllers of a grid, wired to each other.
+
+#pragma once
+
+#include "config/info_services.h"
+#include "interaction/editor_controller.h"
+#include "interaction/focus_controller.h"
+#include "interaction/key_controller.h"
+#include "interaction/key_filter.h"
+#include "interaction/menu_controller.h"
+#include "interaction/mouse_controller.h"
+#include "interaction/scroll_messages.h"
+
+namespace tessera {
+
+// The edit box hands its own keys to the keyboard dispatch of the grid's window: the one tie that goes back.
+struct Controllers {
+  Controllers(GridParts& parts, GridServices& services, InfoServices& info)
+      : editors(parts, services, info),
+        focus(parts, services, editors),
+        keys(parts, services, focus, editors, blocks),
+        keyFilter(parts, services, focus, editors, blocks),
+        mouse(parts, services, focus, editors, gestures),
+        scroll(parts, services),
+        menu(parts, services) {
+    editors.setKeyTarget([this](std::int32_t key) { keys.keyDown(key); });
+  }
+  Controllers(const Controllers&) = delete;
+  Controllers& operator=(const Controllers&) = delete;
+
+  BlockKeys blocks;
+  MouseGestures gestures;
+  EditorController editors;
+  FocusController focus;
+  KeyController keys;
+  KeyFilter keyFilter;
+  MouseController mouse;
+  ScrollController scroll;
+  MenuController menu;
+};
+
+}  // namespace tessera

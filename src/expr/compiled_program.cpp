@@ -1,0 +1,51 @@
+#include "expr/compiled_program.h"
+
+#include <algorithm>
+
+namespace tessera {
+
+CompiledProgram::Register CompiledProgram::addLiteral(XValue value) {
+  literals_.push_back({registerCount_, std::move(value)});
+  return registerCount_++;
+}
+
+void CompiledProgram::addInstruction(ExprHandler handler, const XExprFunction* function,
+                                     std::vector<Register> arguments, Register result) {
+  instructions_.push_back({handler, function, static_cast<std::uint32_t>(arguments_.size()),
+                           static_cast<std::uint32_t>(arguments.size()), result});
+  arguments_.insert(arguments_.end(), arguments.begin(), arguments.end());
+}
+
+void CompiledProgram::finish(Register result) {
+  registers_.assign(registerCount_, nullptr);
+  for (const Literal& literal : literals_) registers_[literal.place] = &literal.value;
+  result_ = result;
+}
+
+// The result lets go of a text that it shares with a slot before the slot is written again: so a caller who
+// reads row after row into one value costs no allocation.
+bool CompiledProgram::evaluate(EvalState& state, XValue& result) const {
+  result.setEmpty();
+  state.error.reset();
+  EvalState::Run lent(state, instructions_.size(), registers_.size());
+  const XValue* value = run(state, lent.frame());
+  if (value) result = *value;
+  return value != nullptr;
+}
+
+const XValue* CompiledProgram::run(EvalState& state, EvalState::Frame& frame) const {
+  const XValue** registers = frame.registers.data();
+  std::copy(registers_.begin(), registers_.end(), registers);
+  ExprCall call(context_, state, registers);
+  XValue* own = frame.slots.data();
+  for (const Instruction& instruction : instructions_) {
+    call.begin(arguments_.data() + instruction.firstArgument, instruction.argumentCount, *own++,
+               instruction.function);
+    const XValue* value = instruction.handler(call);
+    if (!value) return nullptr;
+    registers[instruction.result] = value;
+  }
+  return registers[result_];
+}
+
+}  // namespace tessera

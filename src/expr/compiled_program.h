@@ -1,0 +1,59 @@
+// The code of an expression.
+
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "expr/expr_call.h"
+#include "expr/xexpr_program.h"
+
+namespace tessera {
+
+// A flat list of instructions over registers. A register holds a literal, which stands in the program, or the
+// result of an instruction, which stands in the evaluation's state. There are no jumps: a run executes
+// everything, and touches no text and no name.
+class CompiledProgram final : public XExprProgram {
+ public:
+  using Register = std::uint32_t;
+
+  // `context` is borrowed.
+  explicit CompiledProgram(const XExprContext& context) : context_(context) {}
+
+  bool evaluate(EvalState& state, XValue& result) const override;
+  std::size_t instructionCount() const { return instructions_.size(); }
+
+  // Building. The last call is finish().
+  Register addLiteral(XValue value);
+  Register addRegister() { return registerCount_++; }
+  // Registers that hold nothing are not evaluated; `function` is null for an operator.
+  void addInstruction(ExprHandler handler, const XExprFunction* function, std::vector<Register> arguments,
+                      Register result);
+  void finish(Register result);
+
+ private:
+  struct Instruction {
+    ExprHandler handler;
+    const XExprFunction* function;
+    std::uint32_t firstArgument;  // in arguments_
+    std::uint32_t argumentCount;
+    Register result;
+  };
+  struct Literal {
+    Register place;
+    XValue value;
+  };
+
+  // Null when an instruction fails. The value stands until the frame is used again.
+  const XValue* run(EvalState& state, EvalState::Frame& frame) const;
+
+  const XExprContext& context_;
+  std::vector<Instruction> instructions_;
+  std::vector<Register> arguments_;
+  std::vector<Literal> literals_;
+  std::vector<const XValue*> registers_;  // what a run starts with
+  Register registerCount_ = 0;
+  Register result_ = 0;
+};
+
+}  // namespace tessera

@@ -1,0 +1,209 @@
+#include "interaction/drop_list.h"
+
+#include <algorithm>
+#include <array>
+
+#include "config/format_value.h"
+#include "geometry/hit_test.h"
+#include "interaction/key_events.h"
+#include "render/paint_result.h"
+
+namespace tessera {
+namespace {
+
+constexpr std::int32_t borders = 2;  // above and below the items
+
+}  // namespace
+
+void DropListController::windowCreated() {
+  parts_.editor.list = parts_.window->createListBox(*this);
+  if (ListBox* list = parts_.editor.list.get()) list->show(false);
+}
+
+void DropListController::windowDestroyed() {
+  open_ = false;
+  parts_.editor.listClosing = false;
+  parts_.editor.list.reset();
+}
+
+bool DropListController::canOpen() const {
+  const FocusModel& focus = parts_.focus;
+  if (!parts_.window || !parts_.editor.list || !parts_.link.dataSet()) return false;
+  if (!focus.CellMode || !focus.FocusRow || !focus.FocusColumn) return false;
+  const CellKind kind = focus.FocusColumn->value().child.type;
+  if (kind != CellKind::Combo && kind != CellKind::Lookup) return false;
+  return parts_.link.level(focus.FocusRow->row) <= 0;
+}
+
+bool DropListController::open() {
+  if (!canOpen()) return false;
+  const std::int32_t row = parts_.focus.FocusRow->row;
+  const ColumnPosition position = parts_.focus.FocusColumn;
+  ColumnRecord& column = position->value();
+  parts_.eval.ExprRow = row;
+  if (!column.child.isEditable(parts_.eval)) return false;
+  Content content;
+  if (!fill(column, row, content)) return false;
+  target_ = {column.id, row, position, services_.generation()};
+  open_ = true;
+  parts_.editor.listClosing = false;
+  ListBox& list = *parts_.editor.list;
+  list.setFont(column.view.effectiveFont(parts_.eval));
+  list.place(placeFor(column, static_cast<std::int32_t>(content.items.size())));
+  list.setItems(std::move(content.items));
+  if (!list.hasFocus()) {
+    parts_.focus.state = FocusState::List;
+    list.show(true);
+    list.setFocus();
+  }
+  if (!open_ || !parts_.editor.list) return false;
+  parts_.editor.list->choose(content.chosen);
+  const std::array arguments = {XValue::ofText(target_.colid), XValue::ofInt(row)};
+  services_.fire(EventId::OnDropDown, arguments);
+  return true;
+}
+
+bool DropListController::fill(ColumnRecord& column, std::int32_t row, Content& content) {
+  XString code;
+  parts_.link.text(row, parts_.link.columnIndex(column.refColumnId), code);
+  if (column.child.type == CellKind::Combo) {
+    content = comboContent(column, code);
+    return true;
+  }
+  ChildSpec& child = column.child;
+  if (!child.lookupDataset) child.lookupDataset = info_.findDataSet(child.lookupDataId);
+  if (!child.lookupDataset) return false;
+  content = lookupContent(column, code);
+  return true;
+}
+
+// Of equal codes the last; without the code the first item.
+DropListController::Content DropListController::comboContent(const ColumnRecord& column,
+                                                             const XString& code) const {
+  Content content;
+  for (const ComboItem& item : column.child.comboItems) {
+    if (item.code == code) content.chosen = static_cast<std::int32_t>(content.items.size());
+    formatText(column.view, item.text, parts_.eval, content.items.emplace_back());
+  }
+  if (content.chosen < 0 && !content.items.empty()) content.chosen = 0;
+  return content;
+}
+
+DropListController::Content DropListController::lookupContent(const ColumnRecord& column,
+                                                              const XString& code) const {
+  Content content;
+  const auto dataSet = column.child.lookupDataset;
+  std::int32_t count = 0;
+  dataSet->GetRowCount(count);
+  XValue value;
+  for (std::int32_t row = 1; row <= count; ++row) {
+    dataSet->GetValueByName(row, column.child.lookupText, value);
+    formatValue(column.view, value, parts_.eval, content.items.emplace_back());
+  }
+  std::int32_t found = 0;
+  dataSet->FindRow(column.child.lookupCode, code, found);
+  content.chosen = std::max(found, 0) - 1;
+  return content;
+}
+
+// Below the cell, or above it where the screen ends. The cell comes into view: nothing else tells whose list
+// this is.
+Rect DropListController::placeFor(const ColumnRecord& column, std::int32_t itemCount) {
+  const GridFrame frame = parts_.frame();
+  RowNode* const row = parts_.focus.FocusRow;
+  if (parts_.page.VisibleIndex(row) < 0) {
+    parts_.page.EnsureRowVisible(parts_.rows, frame.rowCapacity(), row);
+    services_.Repaint(nullptr);
+  }
+  const Rect& view = column.view.rect;
+  const std::int32_t rowTop =
+      addClamped(frame.firstRowTop(), mulClamped(parts_.page.VisibleIndex(row), frame.rowHeight));
+  const Point origin = parts_.window->clientOrigin();
+  const std::int32_t left = addClamped(view.left, origin.x);
+  const std::int32_t shown = std::max(std::min(itemCount, column.child.showItemCount), 0);
+  const std::int32_t height = addClamped(mulClamped(shown, parts_.editor.list->itemHeight()), borders);
+  std::int32_t top = addClamped(addClamped(rowTop, view.bottom), origin.y);
+  if (addClamped(top, height) > parts_.window->screenSize().height) {
+    top = subClamped(subClamped(top, height), view.height());
+  }
+  return {left, top, addClamped(left, view.width()), addClamped(top, height)};
+}
+
+// The list counts as closing before the cell is written: what the writing sets off finds it settled.
+bool DropListController::close(bool accept) {
+  if (!open_ || parts_.editor.listClosing) return true;
+  if (accept) {
+    XString code;
+    const bool stands = services_.generation() == target_.generation;
+    const bool chosen = stands && chosenCode(code);
+    if (stands && !chosen && target_.column->value().child.type == CellKind::Lookup) return false;
+    parts_.editor.listClosing = true;
+    if (chosen) write(code);
+  }
+  parts_.editor.listClosing = true;
+  if (parts_.window && open_) parts_.window->setFocus();
+  return true;
+}
+
+bool DropListController::chosenCode(XString& code) const {
+  const ChildSpec& child = target_.column->value().child;
+  const std::int32_t chosen = parts_.editor.list->chosen();
+  if (child.type == CellKind::Combo) {
+    if (chosen < 0 || chosen >= child.comboItems.count()) return false;
+    auto item = child.comboItems.begin();
+    std::advance(item, chosen);
+    code = item->code;
+    return true;
+  }
+  const auto dataSet = child.lookupDataset;
+  std::int32_t count = 0;
+  if (dataSet) dataSet->GetRowCount(count);
+  if (chosen < 0 || chosen >= count) return false;
+  dataSet->GetTextByName(chosen + 1, child.lookupCode, code);
+  return true;
+}
+
+void DropListController::write(const XString& code) {
+  const auto dataSet = parts_.link.holdDataSet();
+  if (!dataSet) return;
+  dataSet->SetText(target_.row, parts_.link.columnIndex(target_.column->value().refColumnId), code);
+}
+
+void DropListController::listFocusLost() {
+  if (!open_ || !parts_.window) return;
+  open_ = false;
+  const bool byChoice = parts_.editor.listClosing;
+  const std::array arguments = {XValue::ofText(target_.colid), XValue::ofInt(target_.row)};
+  services_.fire(EventId::OnCloseUp, arguments);
+  if (!byChoice && !open_ && parts_.window) {
+    const Point pointer = parts_.window->pointer();
+    if (!parts_.window->screenRect().holds(pointer.x, pointer.y)) {
+      parts_.focus.state = FocusState::Outside;
+      services_.fire(EventId::OnKillFocus, {});
+      services_.Repaint(nullptr);
+    }
+  }
+  hide();
+}
+
+// Unless a listener has opened it again.
+void DropListController::hide() {
+  if (open_) return;
+  if (parts_.editor.list) parts_.editor.list->show(false);
+  parts_.editor.listClosing = false;
+}
+
+void DropListController::listKeyDown(std::int32_t key) {
+  if (key == key::enter || key == key::escape) close(key == key::enter);
+}
+
+void DropListController::listKeyDone(std::int32_t key) { fireKeyDown(parts_, services_, key); }
+
+void DropListController::listCharDone(char16_t) { services_.fire(EventId::OnChar, {}); }
+
+void DropListController::listClicked() {
+  close(true);
+  services_.Repaint(nullptr);
+}
+
+}  // namespace tessera

@@ -1,0 +1,67 @@
+// The drop-down list of combo and lookup cells.
+
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "config/info_services.h"
+#include "interaction/grid_parts.h"
+#include "shared/grid_services.h"
+
+namespace tessera {
+
+// One list window serves all cells. What it chooses goes to the cell that it was opened for, wherever the
+// focus has gone meanwhile.
+class DropListController : public ListBoxOwner {
+ public:
+  DropListController(GridParts& parts, GridServices& services, InfoServices& info)
+      : parts_(parts), services_(services), info_(info) {}
+
+  void windowCreated();
+  void windowDestroyed();
+
+  bool isOpen() const { return open_; }
+  // At the focus cell, when it has such a list and may be edited.
+  bool open();
+  // With `accept` the chosen item goes to the cell; false when there is none to choose: then the list stays
+  // up.
+  bool close(bool accept);
+
+  // What the list tells, and what its messages are routed to. The list may be destroyed inside each of them.
+  void listKeyDown(std::int32_t key) override;
+  void listKeyDone(std::int32_t key) override;
+  void listCharDone(char16_t character) override;
+  void listClicked() override;
+  void listFocusLost() override;
+
+ private:
+  // The cell that the list stands at; its column is good while the generation is the same.
+  struct Target {
+    XString colid;
+    std::int32_t row = 0;
+    ColumnPosition column = nullptr;
+    std::uint64_t generation = 0;
+  };
+  struct Content {
+    std::vector<XString> items;
+    std::int32_t chosen = -1;
+  };
+
+  bool canOpen() const;
+  bool fill(ColumnRecord& column, std::int32_t row, Content& content);
+  Content comboContent(const ColumnRecord& column, const XString& code) const;
+  Content lookupContent(const ColumnRecord& column, const XString& code) const;
+  Rect placeFor(const ColumnRecord& column, std::int32_t itemCount);
+  bool chosenCode(XString& code) const;
+  void write(const XString& code);
+  void hide();
+
+  GridParts& parts_;
+  GridServices& services_;
+  InfoServices& info_;
+  bool open_ = false;
+  Target target_;
+};
+
+}  // namespace tessera

@@ -1,0 +1,122 @@
+// Editing in the cells: the edit box, and what Enter, Escape, Space, characters and presses do with a cell.
+
+#pragma once
+
+#include <cstdint>
+#include <functional>
+
+#include "interaction/drop_list.h"
+#include "interaction/edit_filter.h"
+#include "interaction/edit_outcome.h"
+#include "interaction/grid_parts.h"
+#include "interaction/grid_watch.h"
+#include "render/paint_result.h"
+#include "shared/grid_services.h"
+
+namespace tessera {
+
+// Owns the rules of an edit, not its state: that is GridParts::editor. The text goes to the cell that the
+// edit began in; when that cell is gone the text is dropped.
+class EditorController : public EditBoxOwner {
+ public:
+  EditorController(GridParts& parts, GridServices& services, InfoServices& info)
+      : parts_(parts), services_(services), list_(parts, services, info) {}
+
+  // Who takes the keys that the box hands up: the keyboard dispatch of the grid's window.
+  void setKeyTarget(std::function<void(std::int32_t key)> target) { keyTarget_ = std::move(target); }
+
+  // The box and the list, parked; after parts.window was set.
+  void windowCreated();
+  // Saves an open edit and lets go of box and list; before parts.window is cleared.
+  void windowDestroyed();
+  // After each paint: the box stands at its cell, or away while the cell is out of view.
+  void place(const PaintResult& result);
+
+  bool active() const { return parts_.editor.active; }
+  DropListController& list() { return list_; }
+
+  // Asks OnExit and does what the answer says. True: nothing is open any more and the caller may go on.
+  // False: the editor stays, OnExit is being asked already, or the grid is no longer the one that the caller
+  // knows.
+  bool tryCommit(CommitMode mode);
+  // For every move of the focus. An open list goes without a choice.
+  bool commitBeforeMove();
+  // Closes without a question and without writing: the columns or rows are going away.
+  void abandon();
+  // The data set has taken a row in or out while no move of the grid's own runs, and the focus has not
+  // followed yet: an open edit is saved into its row, whose number may have changed, and ends.
+  void rowInserted(std::int32_t row);
+  void rowDeleted(std::int32_t row);
+
+  // An edit of the focus cell, whether it is editable or not. `withPopup`: a cell that has only a button
+  // fires OnPopup instead. True when either happened.
+  bool openEditor(bool withPopup);
+  // A press of the left button on a cell: true when it met the cell's button or mark.
+  bool activateCell(std::int32_t x, std::int32_t y, ColumnPosition column, RowNode* row);
+  // False when the focus cell is no such cell.
+  bool toggleCheckByKey();
+  bool setRadioByKey();
+
+  // Keys on the grid's window.
+  void enterAction();
+  void escapeAction();
+  void spaceAction();
+  void charArrived(char16_t character);
+  void imeStarted();
+  void imeComposing();
+
+  // Automation.
+  void activateEdit();
+  XString editText() const;
+
+  // What the box tells, and what its messages are routed to. The box may be destroyed inside each of them.
+  bool editKeyDown(std::int32_t key) override;
+  void editKeyDone(std::int32_t key) override;
+  bool editAllows(char16_t character) override;
+  void editCharDone(char16_t character) override;
+  bool editAllowsComposition() override;
+  void editFocusLost(FocusTarget target) override;
+
+ private:
+  // The cell that is edited; its column is good while the generation is the same.
+  struct EditedCell {
+    XString colid;
+    std::int32_t row = 0;
+    ColumnPosition column = nullptr;
+    std::uint64_t generation = 0;
+  };
+  struct Closing {
+    bool refocus = false;
+    bool save = false;
+    bool popup = false;
+  };
+
+  // A cell of data with the focus, whose expressions then read its row; null when there is none.
+  ColumnRecord* focusColumn();
+  bool firePopup(const XString& colid, std::int32_t row, std::int32_t flag);
+  void focusGridIfOutside();
+  bool cellStands() const;
+
+  EditRules takeRules(const ColumnRecord& column, std::int32_t dataColumn, bool& numeric) const;
+  void fillBox(const ColumnRecord& column, std::int32_t row);
+  bool focusBox(const GridWatch& watch);
+
+  std::int32_t askExit();
+  void close(const Closing& closing);
+  void writeText();
+  void takeFocusBack();
+
+  bool pressPopup(const ColumnRecord& column, RowNode& row);
+  bool pressMark(const ColumnRecord& column, RowNode& row);
+  // Rows have no children that could be shown or hidden.
+  bool toggleNode() { return false; }
+
+  GridParts& parts_;
+  GridServices& services_;
+  DropListController list_;
+  std::function<void(std::int32_t key)> keyTarget_;
+  EditedCell cell_;
+  bool closing_ = false;  // the text is on its way: whatever comes back finds the edit settled
+};
+
+}  // namespace tessera

@@ -1,0 +1,295 @@
+#include "interaction/focus_controller.h"
+
+#include <array>
+
+#include "geometry/hit_test.h"
+#include "interaction/ime_mode.h"
+
+namespace tessera {
+namespace {
+
+std::array<XValue, 2> cellArguments(const XString& colid, std::int32_t row) {
+  return {XValue::ofText(colid), XValue::ofInt(row)};
+}
+
+const XString noColumn;
+
+const XString& idOf(ColumnPosition column) { return column ? column->value().id : noColumn; }
+
+ColumnPosition visibleColumn(ColumnList& columns, const XString& id) {
+  for (auto it = columns.begin(); it != columns.end(); ++it) {
+    if (it->viewVisible && it->id == id) return it.position();
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+Cell FocusController::focusCell() const {
+  const FocusModel& focus = parts_.focus;
+  if (!focus.CellMode) return {};
+  return {focus.FocusRow, focus.FocusColumn, parts_.metrics.CurrentLine};
+}
+
+bool FocusController::ask(const XString& colid, std::int32_t row) {
+  return services_.ask(EventId::OnSelChange, cellArguments(colid, row));
+}
+
+void FocusController::fireChanged(const XString& colid, std::int32_t row) {
+  services_.fire(EventId::OnSelChanged, cellArguments(colid, row));
+}
+
+void FocusController::applyImeMode() { tessera::applyImeMode(parts_); }
+
+void FocusController::syncCurrentRow() {
+  const FocusModel& focus = parts_.focus;
+  const RowNode* row = focus.CellMode ? focus.FocusRow : selection().head();
+  if (row) parts_.link.syncCurrentRow(row->row);
+}
+
+// Moving the columns moves the cell, wherever the scrolling itself thinks the focus is.
+void FocusController::followColumn() {
+  FocusModel& focus = parts_.focus;
+  if (focus.FocusColumn) focus.FocusLeft = focus.FocusColumn->value().view.rect.left;
+}
+
+void FocusController::scrollFullyLeft() {
+  const GridFrame frame = parts_.frame();
+  ColumnScroll scroll{parts_.config.columns, parts_.page, parts_.focus, frame};
+  while (scroll.StepLeft() != 0) {
+  }
+  followColumn();
+}
+
+void FocusController::scrollFullyRight() {
+  const GridFrame frame = parts_.frame();
+  ColumnScroll scroll{parts_.config.columns, parts_.page, parts_.focus, frame};
+  while (scroll.StepRight() != 0) {
+  }
+  followColumn();
+}
+
+void FocusController::scrollPage(std::int32_t rows) {
+  const std::int32_t capacity = parts_.frame().rowCapacity();
+  if (rows > 0) parts_.page.RowsDown(parts_.rows, capacity, rows);
+  if (rows < 0) parts_.page.RowsUp(parts_.rows, capacity, -rows);
+}
+
+void FocusController::showRow(RowNode* row, bool onTop) {
+  const std::int32_t capacity = parts_.frame().rowCapacity();
+  if (!onTop) return parts_.page.EnsureRowVisible(parts_.rows, capacity, row);
+  if (parts_.page.VisibleAt(0) != row) parts_.page.RefillFrom(parts_.rows, capacity, row);
+}
+
+void FocusController::showColumn(ColumnPosition column) {
+  const GridFrame frame = parts_.frame();
+  ColumnScroll{parts_.config.columns, parts_.page, parts_.focus, frame}.EnsureColumnVisible(column->value());
+  followColumn();
+}
+
+// The row of the focus cell changes its flag only when it changes.
+void FocusController::flagRow(RowNode* row) {
+  const RowNode* old = parts_.focus.FocusRow;
+  if (old == row) return;
+  if (old) parts_.link.setRowSelected(old->row, false);
+  parts_.link.setRowSelected(row->row, true);
+}
+
+void FocusController::storeFocus(const Cell& cell) {
+  FocusModel& focus = parts_.focus;
+  focus.FocusRow = cell.row;
+  focus.FocusColumn = cell.column;
+  parts_.metrics.CurrentLine = cell.line;
+  followColumn();
+}
+
+MoveResult FocusController::moveTo(Cell target, const MoveStyle& style) {
+  const GridWatch watch(parts_, services_);
+  const std::int32_t number = target.row->row;
+  const XString id = target.column->value().id;
+  if (!editors_.commitBeforeMove()) return watch.holds() ? MoveResult::EditorStays : MoveResult::Gone;
+  if (!ask(id, number)) return MoveResult::Vetoed;
+  target.row = parts_.rows.find(number);
+  if (!watch.holds() || !target.row || !parts_.focus.CellMode) return MoveResult::Gone;
+  scrollPage(style.scrollRows);
+  flagRow(target.row);
+  storeFocus(target);
+  syncCurrentRow();
+  if (!watch.holds()) return MoveResult::Gone;
+  if (style.showCell) {
+    showColumn(target.column);
+    showRow(parts_.rows.find(number), style.onTop);
+  }
+  if (style.setInput) applyImeMode();
+  fireChanged(id, number);
+  return MoveResult::Moved;
+}
+
+MoveResult FocusController::selectRow(RowNode* target, const MoveStyle& style) {
+  const GridWatch watch(parts_, services_);
+  const std::int32_t number = target->row;
+  if (!ask(noColumn, number)) return MoveResult::Vetoed;
+  target = parts_.rows.find(number);
+  if (!watch.holds() || !target || parts_.focus.CellMode) return MoveResult::Gone;
+  scrollPage(style.scrollRows);
+  selection().selectOnly(target);
+  showRow(target, style.onTop);
+  syncCurrentRow();
+  if (!watch.holds()) return MoveResult::Gone;
+  fireChanged(noColumn, number);
+  return MoveResult::Moved;
+}
+
+void FocusController::setRowPosition(std::int32_t row) {
+  if (!parts_.link.dataSet() || row < 1 || row > parts_.link.rowCount()) return;
+  RowNode* const target = parts_.rows.find(row);
+  if (!target) return;
+  const FocusModel& focus = parts_.focus;
+  const RowNode* present = focus.CellMode ? focus.FocusRow : selection().head();
+  if (!present || present == target) return;
+  const MoveResult result = focus.CellMode ? focusRow(target) : selectRow(target);
+  if (result == MoveResult::Moved) services_.Repaint(nullptr);
+}
+
+// The focus column, which need not be there, stays.
+MoveResult FocusController::focusRow(RowNode* target) {
+  const GridWatch watch(parts_, services_);
+  const std::int32_t number = target->row;
+  if (!editors_.commitBeforeMove()) return MoveResult::EditorStays;
+  const XString id = idOf(parts_.focus.FocusColumn);
+  if (!ask(id, number)) return MoveResult::Vetoed;
+  target = parts_.rows.find(number);
+  if (!watch.holds() || !target || !parts_.focus.CellMode) return MoveResult::Gone;
+  flagRow(target);
+  parts_.focus.FocusRow = target;
+  showRow(target, false);
+  syncCurrentRow();
+  if (!watch.holds()) return MoveResult::Gone;
+  fireChanged(id, number);
+  return MoveResult::Moved;
+}
+
+// The empty id leads to row mode.
+void FocusController::setColumnPosition(const XString& id) {
+  if (!parts_.link.dataSet()) return;
+  const FocusModel& focus = parts_.focus;
+  const RowNode* row = focus.CellMode ? focus.FocusRow : selection().head();
+  const ColumnPosition column = id.empty() ? nullptr : visibleColumn(parts_.config.columns, id);
+  if (!row || (id.empty() ? !focus.CellMode : !column)) return;
+  takeRow(column, row->row);
+}
+
+void FocusController::takeRow(ColumnPosition column, std::int32_t row) {
+  const GridWatch watch(parts_, services_);
+  const XString id = idOf(column);
+  if (!editors_.commitBeforeMove() || !ask(id, row)) return;
+  RowNode* const node = parts_.rows.find(row);
+  if (!watch.holds() || !node) return;
+  FocusModel& focus = parts_.focus;
+  if (focus.CellMode) flagRow(node);
+  selection().clear();
+  parts_.link.setRowSelected(row, true);
+  focus.FocusRow = node;
+  if (column) {
+    toCellMode(column);
+  } else {
+    toRowMode();
+  }
+  fireChanged(id, row);
+  services_.Repaint(nullptr);
+}
+
+void FocusController::toCellMode(ColumnPosition column) {
+  parts_.focus.CellMode = true;
+  const CellSteps steps(parts_.config.columns, parts_.metrics, parts_.rows);
+  storeFocus({parts_.focus.FocusRow, column, steps.lineAt(column->value().view.rect.top)});
+  showColumn(column);
+  showRow(parts_.focus.FocusRow, false);
+  applyImeMode();
+}
+
+void FocusController::toRowMode() {
+  FocusModel& focus = parts_.focus;
+  focus.CellMode = false;
+  focus.FocusColumn = nullptr;
+  focus.SelectedRows.push_back(focus.FocusRow);
+}
+
+bool FocusController::pressRow(Point at, Modifiers modifiers) {
+  const GridFrame frame = parts_.frame();
+  const Hit hit = hitTest(frame, parts_.config.columns, parts_.page, parts_.link, at.x, at.y);
+  if (!hit.node) return false;
+  if (hit.region == Region::Indicator || at.x <= frame.indicatorWidth) {
+    pressIndicator(hit.node, modifiers);
+  } else {
+    pressCell(hit.node, hit.column);
+  }
+  return true;
+}
+
+// A selection of several rows that is pressed may be about to be dragged.
+void FocusController::pressIndicator(RowNode* row, Modifiers modifiers) {
+  FocusModel& focus = parts_.focus;
+  RowSelection rows = selection();
+  const bool drags = (parts_.settings.DragDrop & drag_drop::rows) != 0;
+  if (drags && focus.SelectedRows.size() >= 2 && rows.holds(row)) return;
+  if (focus.CellMode) {
+    if (focus.FocusRow) parts_.link.setRowSelected(focus.FocusRow->row, false);
+    focus.FocusColumn = nullptr;
+    focus.CellMode = false;
+    focus.SelectedRows.clear();
+  }
+  if (modifiers.control) {
+    if (!rows.toggle(row)) return;
+  } else if (modifiers.shift && rows.head()) {
+    rows.extendTo(row);
+  } else {
+    rows.selectOnly(row);
+  }
+  showRow(rows.head(), false);
+  syncCurrentRow();
+}
+
+// A press between the cells of a row keeps the column; coming from row mode there is none to keep.
+void FocusController::pressCell(RowNode* row, ColumnPosition column) {
+  const GridWatch watch(parts_, services_);
+  FocusModel& focus = parts_.focus;
+  if (focus.CellMode) {
+    if (focus.FocusRow) parts_.link.setRowSelected(focus.FocusRow->row, false);
+  } else {
+    selection().clear();
+    focus.CellMode = true;
+  }
+  parts_.link.setRowSelected(row->row, true);
+  const CellSteps steps(parts_.config.columns, parts_.metrics, parts_.rows);
+  Cell cell{row, focus.FocusColumn, parts_.metrics.CurrentLine};
+  if (!column && !cell.column) column = steps.home(0);
+  if (column) cell = {row, column, steps.lineAt(column->value().view.rect.top)};
+  storeFocus(cell);
+  syncCurrentRow();
+  if (!watch.holds() || !focus.FocusColumn) return;
+  showColumn(focus.FocusColumn);
+  showRow(focus.FocusRow, false);
+  applyImeMode();
+}
+
+// The state changes before the event: a listener that opens an editor at once finds the focus in the grid.
+void FocusController::focusGained() {
+  FocusModel& focus = parts_.focus;
+  const bool fromOutside = focus.state == FocusState::Outside;
+  focus.state = FocusState::Grid;
+  if (fromOutside) services_.fire(EventId::OnSetFocus, {});
+  if (focus.state == FocusState::Grid) applyImeMode();
+  services_.Repaint(nullptr);
+}
+
+void FocusController::focusLost() {
+  FocusModel& focus = parts_.focus;
+  if (focus.state == FocusState::Grid) {
+    focus.state = FocusState::Outside;
+    services_.fire(EventId::OnKillFocus, {});
+  }
+  services_.Repaint(nullptr);
+}
+
+}  // namespace tessera

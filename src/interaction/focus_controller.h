@@ -1,0 +1,85 @@
+// The focus cell and the selected rows, and every move of them.
+
+#pragma once
+
+#include <cstdint>
+
+#include "interaction/cell_steps.h"
+#include "interaction/editor_controller.h"
+#include "interaction/grid_parts.h"
+#include "interaction/grid_watch.h"
+#include "interaction/row_select.h"
+#include "shared/grid_services.h"
+
+namespace tessera {
+
+enum class MoveResult {
+  Moved,
+  EditorStays,  // OnExit kept the editor open
+  Vetoed,       // OnSelChange said no
+  Gone,         // the host changed the grid meanwhile
+};
+
+// What a move does beside moving.
+struct MoveStyle {
+  std::int32_t scrollRows = 0;  // the page goes first: down above 0, up below
+  bool showCell = true;         // the page follows the focus
+  bool onTop = false;           // the target row becomes the first of the page
+  bool setInput = true;         // the input method follows the focus
+};
+
+// All moves keep one order: an open editor closes, OnSelChange is asked, flags and focus change, the data
+// set's current row follows, the page follows, OnSelChanged. A refusal leaves everything as it was.
+class FocusController {
+ public:
+  FocusController(GridParts& parts, GridServices& services, EditorController& editors)
+      : parts_(parts), services_(services), editors_(editors) {}
+
+  // Automation.
+  void setRowPosition(std::int32_t row);
+  void setColumnPosition(const XString& id);
+
+  // A press of the left button whose OnSelChange was answered. False when no row lies there.
+  bool pressRow(Point at, Modifiers modifiers);
+
+  // The grid's window got or lost the keyboard focus.
+  void focusGained();
+  void focusLost();
+
+  void applyImeMode();
+  void syncCurrentRow();
+
+  // The focus cell; without row or column in row mode and while there is none.
+  Cell focusCell() const;
+  // The callers repaint.
+  MoveResult moveTo(Cell target, const MoveStyle& style = {});
+  // Row mode: `target` becomes the only selected row.
+  MoveResult selectRow(RowNode* target, const MoveStyle& style = {});
+  // Scrolls sideways as far as it goes; FocusLeft follows.
+  void scrollFullyLeft();
+  void scrollFullyRight();
+
+ private:
+  bool ask(const XString& colid, std::int32_t row);
+  void fireChanged(const XString& colid, std::int32_t row);
+  void scrollPage(std::int32_t rows);
+  void flagRow(RowNode* row);
+  void storeFocus(const Cell& cell);
+  void showRow(RowNode* row, bool onTop);
+  void showColumn(ColumnPosition column);
+  void followColumn();
+
+  MoveResult focusRow(RowNode* target);
+  void toCellMode(ColumnPosition column);
+  void toRowMode();
+  void takeRow(ColumnPosition column, std::int32_t row);
+  void pressIndicator(RowNode* row, Modifiers modifiers);
+  void pressCell(RowNode* row, ColumnPosition column);
+  RowSelection selection() { return {parts_.focus, parts_.rows, parts_.link}; }
+
+  GridParts& parts_;
+  GridServices& services_;
+  EditorController& editors_;
+};
+
+}  // namespace tessera

@@ -1,0 +1,54 @@
+// Tells whether the grid is still the one that an operation began with.
+
+#pragma once
+
+#include <cstdint>
+
+#include "interaction/grid_parts.h"
+#include "shared/grid_services.h"
+
+namespace tessera {
+
+// The host runs inside every event and inside every call of the data set. While the watch holds, columns are
+// those of before and row numbers name the rows of before. Nodes may have been made anew all the same:
+// whoever needs one afterwards finds it again by its number.
+class GridWatch {
+ public:
+  GridWatch(const GridParts& parts, const GridServices& services)
+      : parts_(parts),
+        services_(services),
+        generation_(services.generation()),
+        window_(parts.window),
+        dataSet_(parts.link.dataSet()),
+        rowCount_(parts.link.rowCount()) {}
+
+  bool holds() const {
+    return services_.generation() == generation_ && parts_.window == window_ &&
+           parts_.link.dataSet() == dataSet_ && parts_.link.rowCount() == rowCount_;
+  }
+
+ private:
+  const GridParts& parts_;
+  const GridServices& services_;
+  std::uint64_t generation_;
+  const Window* window_;
+  const DataSetControl* dataSet_;
+  std::int32_t rowCount_;
+};
+
+// No paint in between.
+class DrawHold {
+ public:
+  explicit DrawHold(GridSettings& settings) : settings_(settings), saved_(settings.Draw) {
+    settings_.Draw = false;
+  }
+  ~DrawHold() { settings_.Draw = saved_; }
+  DrawHold(const DrawHold&) = delete;
+  DrawHold& operator=(const DrawHold&) = delete;
+
+ private:
+  GridSettings& settings_;
+  bool saved_;
+};
+
+}  // namespace tessera

@@ -1,0 +1,95 @@
+#include "interaction/key_filter.h"
+
+#include <algorithm>
+#include <array>
+
+#include "interaction/key_events.h"
+
+namespace tessera {
+namespace {
+
+constexpr std::int32_t firstNavigationKey = key::pageUp, lastNavigationKey = key::down;
+
+XValue shortFlag(bool flag) {
+  XValue value;
+  value.setInteger(VT_I2, flag ? 1 : 0);
+  return value;
+}
+
+}  // namespace
+
+KeyRoute KeyFilter::translate(std::int32_t& key) {
+  if (!parts_.window || !parts_.settings.Enable || parts_.link.rowCount() < 1) return KeyRoute::Host;
+  if (key >= firstNavigationKey && key <= lastNavigationKey) return KeyRoute::Window;
+  if (key == key::tab) return tab(key);
+  if (!parts_.window->modifiers().control) return KeyRoute::Host;
+  if (key == key::c) return copy();
+  return key == key::v ? paste() : KeyRoute::Host;
+}
+
+bool KeyFilter::someCellEdits() const {
+  const ColumnList& columns = parts_.config.columns;
+  return std::any_of(columns.begin(), columns.end(), [](const ColumnRecord& column) {
+    return column.viewVisible && column.child.type != CellKind::None;
+  });
+}
+
+KeyRoute KeyFilter::tab(std::int32_t& key) {
+  const Cell start = focus_.focusCell();
+  std::optional<Cell> target;
+  if (start.row && start.column && someCellEdits()) {
+    target = nextEditable(start, parts_.window->modifiers().shift);
+  }
+  if (!target) {
+    fireKeyDown(parts_, services_, key::tabDone);
+    return KeyRoute::Host;
+  }
+  const MoveResult result = focus_.moveTo(*target, {.setInput = false});
+  if (!parts_.window) return KeyRoute::Done;
+  if (result == MoveResult::EditorStays) {
+    fireKeyDown(parts_, services_, key::tabDone);
+    return KeyRoute::Done;
+  }
+  key = key::tabDone;
+  return KeyRoute::Window;
+}
+
+// Columns that are scrolled away behind the fixed ones come back before the walk goes on among them.
+std::optional<Cell> KeyFilter::nextEditable(const Cell& start, bool back) {
+  const CellSteps steps(parts_.config.columns, parts_.metrics, parts_.rows);
+  Cell at = start;
+  for (;;) {
+    if (!back && steps.mustScrollBack(at)) focus_.scrollFullyLeft();
+    const std::optional<Cell> next = back ? steps.left(at) : steps.right(at);
+    if (!next) return std::nullopt;
+    at = *next;
+    const bool isStart = at.row == start.row && at.column == start.column;
+    if (isStart || at.column->value().child.type == CellKind::None) continue;
+    if (parts_.link.level(at.row->row) == 0) return at;
+  }
+}
+
+KeyRoute KeyFilter::copy() {
+  if (parts_.focus.CellMode && editors_.active()) return KeyRoute::Window;
+  const std::array arguments = {shortFlag(parts_.focus.CellMode), shortFlag(blocks_.stands())};
+  services_.fire(EventId::OnCopy, arguments);
+  return KeyRoute::Done;
+}
+
+KeyRoute KeyFilter::paste() {
+  const FocusModel& focus = parts_.focus;
+  if (focus.CellMode && editors_.active()) return KeyRoute::Window;
+  const RowNode* row = focus.FocusRow;
+  XString colid;
+  if (!focus.CellMode) {
+    row = focus.SelectedRows.empty() ? nullptr : focus.SelectedRows.front();
+  } else if (focus.FocusColumn) {
+    colid = focus.FocusColumn->value().id;
+  }
+  if (!row) return KeyRoute::Done;
+  const std::array arguments = {XValue::ofText(colid), XValue::ofInt(row->row)};
+  services_.fire(EventId::OnPaste, arguments);
+  return KeyRoute::Done;
+}
+
+}  // namespace tessera

@@ -1,0 +1,219 @@
+#include "interaction/mouse_controller.h"
+
+#include <array>
+#include <cstdlib>
+
+#include "interaction/cursor_shape.h"
+#include "interaction/head_check.h"
+#include "interaction/tree_box_hit.h"
+
+namespace tessera {
+
+namespace {
+
+bool isRowRegion(Region region) { return region == Region::Row || region == Region::SummaryRow; }
+
+// Far enough from the press to count as a move.
+bool hasMoved(Point from, Point to) {
+  constexpr std::int32_t reach = 3;
+  return std::abs(subClamped(to.x, from.x)) >= reach || std::abs(subClamped(to.y, from.y)) >= reach;
+}
+
+std::array<XValue, 2> selectionArguments(const XString& colid, std::int32_t row) {
+  return {XValue::ofText(colid), XValue::ofInt(row)};
+}
+
+}  // namespace
+
+MouseController::Spot MouseController::spotAt(Point at) {
+  const GridFrame frame = parts_.frame();
+  const Hit hit = hitTest(frame, parts_.config.columns, parts_.page, parts_.link, at.x, at.y);
+  return {hit, hit.column ? hit.column->value().id : XString(), at, GridWatch(parts_, services_)};
+}
+
+bool MouseController::renew(Spot& spot) const {
+  if (!parts_.window || !spot.watch.holds()) return false;
+  if (!spot.hit.node) return true;
+  spot.hit.node = parts_.rows.find(spot.hit.row);
+  return spot.hit.node != nullptr;
+}
+
+// A commit that lost its grid to the host has closed the editor all the same.
+bool MouseController::closeEditor() {
+  if (!parts_.editor.active) return true;
+  return editors_.commitBeforeMove() || !parts_.editor.active;
+}
+
+// The editor's commit and the focus let the host run before anything is known about the place: so it is
+// looked at afterwards.
+void MouseController::leftDown(Point at) {
+  if (!parts_.window) return;
+  const bool free = closeEditor();
+  if (free && parts_.window && !parts_.window->hasFocus()) parts_.window->setFocus();
+  Spot spot = spotAt(at);
+  if (!free || !parts_.window) return fireMouse(EventId::OnLButtonDown, spot);
+  if (spot.hit.region == Region::Header && tickHeadCheck(spot)) return;
+  const PressResult result = press(spot);
+  if (!result.over) {
+    if (parts_.settings.DragDrop != 0 && !result.handled) {
+      parts_.mouse.state = MouseState::Pressed;
+      parts_.mouse.press = at;
+    }
+    if (result.repaint) services_.Repaint(nullptr);
+  }
+  fireMouse(EventId::OnLButtonDown, spot);
+}
+
+MouseController::PressResult MouseController::press(Spot& spot) {
+  switch (spot.hit.region) {
+    case Region::Header:
+      return {.repaint = pressHeader(spot)};
+    case Region::Indicator:
+    case Region::Row:
+    case Region::SummaryRow:
+      return pressRows(spot);
+    case Region::SummaryBand:
+    case Region::Nothing:
+      break;
+  }
+  return {};
+}
+
+bool MouseController::tickHeadCheck(const Spot& spot) {
+  if (!spot.hit.column) return false;
+  ColumnRecord& column = spot.hit.column->value();
+  if (!headCheckRect(column.header).holds(spot.at.x, spot.at.y)) return false;
+  column.header.checked = !column.header.checked;
+  const std::array arguments = {XValue::ofInt(column.index), XValue::ofText(spot.colid),
+                                XValue::ofInt(column.header.checked ? 1 : 0)};
+  services_.Repaint(nullptr);
+  services_.fire(EventId::OnHeadCheckClick, arguments);
+  return true;
+}
+
+bool MouseController::pressHeader(const Spot& spot) {
+  return !resize_.start(spot.at) && sort_.start(spot.hit.column, spot.at);
+}
+
+// The tree box is tested where it stood when the button went down: the selection may scroll it away.
+MouseController::PressResult MouseController::pressRows(Spot& spot) {
+  constexpr PressResult over{.over = true};
+  if ((parts_.settings.DragDrop & drag_drop::rows) && gestures_.tryDrag(spot.hit, spot.at)) return over;
+  if (!renew(spot)) return over;
+  const bool changes = changesSelection(spot.hit);
+  if (changes && (!askSelChange(spot) || !renew(spot))) return over;
+  const bool onTreeBox = isOnTreeBox(spot);
+  const bool handled = editors_.activateCell(spot.at.x, spot.at.y, spot.hit.column, spot.hit.node);
+  if (!renew(spot)) return over;
+  focus_.pressRow(spot.at, parts_.window->modifiers());
+  if (onTreeBox && renew(spot)) gestures_.toggleNode(*spot.hit.node);
+  gestures_.clearBlock();
+  if (changes) fireSelChanged(spot);
+  return {.handled = handled, .repaint = true};
+}
+
+bool MouseController::isFocusCell(const Hit& hit) const {
+  const FocusModel& focus = parts_.focus;
+  return focus.CellMode && hit.column && hit.column == focus.FocusColumn && hit.node == focus.FocusRow;
+}
+
+bool MouseController::changesSelection(const Hit& hit) const {
+  const FocusModel& focus = parts_.focus;
+  if (focus.CellMode) return !isRowRegion(hit.region) || !isFocusCell(hit);
+  const bool isSingle = focus.SelectedRows.size() == 1 && focus.SelectedRows.front() == hit.node;
+  return hit.region != Region::Indicator || !isSingle;
+}
+
+bool MouseController::isOnTreeBox(const Spot& spot) const {
+  if (!spot.hit.column || !spot.hit.node) return false;
+  const ColumnRecord& column = spot.hit.column->value();
+  Rect cell = cellRect(parts_.frame(), column, parts_.page.VisibleIndex(spot.hit.node));
+  cell.left = column.view.rect.left;
+  return hitsTreeBox(parts_.config.tree, column, cell, *spot.hit.node, spot.at);
+}
+
+void MouseController::move(Point at) {
+  bool changed = resize_.step(at.x);
+  changed = sort_.step(at) || changed;
+  changed = gestures_.stepBlock(at) || changed;
+  MouseModel& mouse = parts_.mouse;
+  if (mouse.state == MouseState::Pressed && hasMoved(mouse.press, at)) {
+    const bool block = (parts_.settings.DragDrop & drag_drop::block) && gestures_.startBlock(mouse.press);
+    mouse.state = block ? MouseState::Block : MouseState::Idle;
+    changed = changed || block;
+  }
+  if (changed) services_.Repaint(nullptr);
+}
+
+void MouseController::leftUp(Point at) {
+  if (!parts_.window) return;
+  const Spot spot = spotAt(at);
+  const bool onHeader = spot.hit.region == Region::Header;
+  bool ended = resize_.end();
+  ended = sort_.release(onHeader ? spot.hit.column : nullptr) || ended;
+  ended = gestures_.endBlock() || ended;
+  parts_.mouse.state = MouseState::Idle;
+  if (ended) services_.Repaint(nullptr);
+  fireMouse(EventId::OnLButtonUp, spot);
+}
+
+void MouseController::focusLost() {
+  sort_.end();
+  resize_.end();
+}
+
+// The first press of the two has made the cell the focus cell.
+void MouseController::leftDouble(Point at) {
+  if (!parts_.window) return;
+  const Spot spot = spotAt(at);
+  if (isRowRegion(spot.hit.region)) {
+    parts_.eval.ExprRow = spot.hit.row;
+    if (spot.hit.column && !spot.hit.column->value().child.isEditable(parts_.eval)) return;
+    const bool opens = !parts_.focus.CellMode || isFocusCell(spot.hit);
+    if (opens && editors_.openEditor(false)) services_.Repaint(nullptr);
+  }
+  fireMouse(EventId::OnLButtonDblClk, spot);
+}
+
+void MouseController::rightDown(Point at) {
+  if (!parts_.window || !closeEditor()) return;
+  if (parts_.window && parts_.focus.state == FocusState::Outside) parts_.window->setFocus();
+  fireMouse(EventId::OnRButtonDown, spotAt(at));
+}
+
+void MouseController::rightUp(Point at) {
+  if (parts_.window) fireMouse(EventId::OnRButtonUp, spotAt(at));
+}
+
+void MouseController::rightDouble(Point at) {
+  if (parts_.window) fireMouse(EventId::OnRButtonDblClk, spotAt(at));
+}
+
+void MouseController::showCursor() {
+  if (!parts_.window) return;
+  const Point pointer = parts_.window->pointer();
+  const Point origin = parts_.window->clientOrigin();
+  const Point at{subClamped(pointer.x, origin.x), subClamped(pointer.y, origin.y)};
+  const GridFrame frame = parts_.frame();
+  const Hit hit = hitTest(frame, parts_.config.columns, parts_.page, parts_.link, at.x, at.y);
+  const bool canDrag = (parts_.settings.DragDrop & drag_drop::rows) && gestures_.canDrag(hit, at);
+  const CursorScene scene{frame, parts_.config.columns, parts_.settings, parts_.eval};
+  parts_.window->setCursor(cursorShape(scene, hit, at, canDrag));
+}
+
+void MouseController::fireMouse(EventId id, const Spot& spot) {
+  const std::array arguments = {XValue::ofInt(static_cast<std::int32_t>(spot.hit.region)),
+                                XValue::ofInt(spot.hit.row), XValue::ofText(spot.colid),
+                                XValue::ofInt(spot.at.x), XValue::ofInt(spot.at.y)};
+  services_.fire(id, arguments);
+}
+
+bool MouseController::askSelChange(const Spot& spot) {
+  return services_.ask(EventId::OnSelChange, selectionArguments(spot.colid, spot.hit.row));
+}
+
+void MouseController::fireSelChanged(const Spot& spot) {
+  services_.fire(EventId::OnSelChanged, selectionArguments(spot.colid, spot.hit.row));
+}
+
+}  // namespace tessera

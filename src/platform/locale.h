@@ -1,0 +1,26 @@
+// The words and the date order of a language.
+
+#pragma once
+
+#include <cstdint>
+
+#include <tessera/xstring.h>
+
+namespace tessera {
+
+// Whose language: that of the person at the machine, or that of the machine.
+enum class LocaleOwner : std::uint8_t { User, System };
+
+enum class DateOrder : std::uint8_t { YearMonthDay, DayMonthYear, MonthDayYear };
+
+// Answers never change, and any thread may ask.
+class Locale {
+ public:
+  virtual ~Locale() = default;
+  virtual XString weekdayName(LocaleOwner owner, std::int32_t weekday) const = 0;  // 0 Sunday to 6
+  virtual XString monthName(LocaleOwner owner, std::int32_t month) const = 0;      // 1 to 12
+  // In which order the user writes a date of numbers.
+  virtual DateOrder dateOrder() const = 0;
+};
+
+}  // namespace tessera
