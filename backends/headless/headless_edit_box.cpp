@@ -27,7 +27,14 @@ HeadlessEditBox::~HeadlessEditBox() {
   window_.abandon(this);
 }
 
-void HeadlessEditBox::changed() { window_.invalidate(); }
+void HeadlessEditBox::changed() {
+  if (isInView()) window_.invalidate();
+}
+
+bool HeadlessEditBox::isInView() const {
+  const Size client = window_.clientSize();
+  return !intersect(rect_, {0, 0, client.width, client.height}).empty();
+}
 
 void HeadlessEditBox::setText(std::u16string_view text) {
   line_.setText(text);
@@ -55,6 +62,7 @@ void HeadlessEditBox::setFont(const LogFont& font) {
 }
 
 void HeadlessEditBox::place(const Rect& rect) {
+  changed();
   rect_ = rect;
   changed();
 }

@@ -46,6 +46,8 @@ class HeadlessEditBox : public EditBox, public FocusHolder {
   void mouseDouble(Point client);
   // From the press to the release the box gets the mouse wherever it is.
   bool isDragging() const { return dragging_; }
+  // False while it is parked.
+  bool isInView() const;
 
   void paint(Canvas& canvas) const;
 

@@ -26,7 +26,9 @@ HeadlessListBox::~HeadlessListBox() {
   window_.abandon(this);
 }
 
-void HeadlessListBox::changed() { window_.invalidate(); }
+void HeadlessListBox::changed() {
+  if (shown_) window_.invalidate();
+}
 
 void HeadlessListBox::setItems(std::vector<XString> items) {
   items_ = std::move(items);
@@ -56,6 +58,7 @@ void HeadlessListBox::place(const Rect& rect) {
 
 // A hidden window cannot keep the focus.
 void HeadlessListBox::show(bool shown) {
+  changed();
   shown_ = shown;
   changed();
   if (!shown && hasFocus()) window_.desktop().focus.moveTo(nullptr);

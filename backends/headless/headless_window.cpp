@@ -138,8 +138,7 @@ void HeadlessWindow::paint() {
 }
 
 void HeadlessWindow::paintChildren(Canvas& canvas) const {
-  const Rect client{0, 0, canvas.size().width, canvas.size().height};
-  if (editBox_ && !intersect(editBox_->placement(), client).empty()) editBox_->paint(canvas);
+  if (editBox_ && editBox_->isInView()) editBox_->paint(canvas);
   if (list_ && !list_->shownAt().empty()) list_->paint(canvas, clientOrigin());
 }
 

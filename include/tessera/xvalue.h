@@ -64,16 +64,16 @@ class XValue {
 
   VarType type() const { return type_; }
 
-  void setEmpty();
-  void setNull();
-  void setInt(std::int32_t value);         // VT_I4
-  void setInt64(std::int64_t value);       // VT_I8
-  void setFloat(float value);              // VT_R4
-  void setDouble(double value);            // VT_R8
-  void setBool(bool value);                // VT_BOOL
-  void setRawBool(VariantBool value);      // VT_BOOL with a value that is neither -1 nor 0
-  void setDate(double days);               // VT_DATE
-  void setError(HResult code);             // VT_ERROR
+  void setEmpty() { setBits(VT_EMPTY, 0); }
+  void setNull() { setBits(VT_NULL, 0); }
+  void setInt(std::int32_t value) { setBits(VT_I4, value); }
+  void setInt64(std::int64_t value) { setBits(VT_I8, value); }
+  void setFloat(float value) { setReal(VT_R4, static_cast<double>(value)); }
+  void setDouble(double value) { setReal(VT_R8, value); }
+  void setBool(bool value) { setBits(VT_BOOL, value ? VARIANT_TRUE : VARIANT_FALSE); }
+  void setRawBool(VariantBool value) { setBits(VT_BOOL, value); }  // also a value that is neither -1 nor 0
+  void setDate(double days) { setReal(VT_DATE, days); }
+  void setError(HResult code) { setBits(VT_ERROR, code); }
   void setText(std::u16string_view text);  // VT_BSTR; reuses the text block when it is this value's alone
   void setText(const XString& text);       // VT_BSTR; shares the block
   void setText(const char16_t* text) { setText(text ? std::u16string_view(text) : std::u16string_view()); }
@@ -97,8 +97,14 @@ class XValue {
 
  private:
   static const XString& emptyText();
-  void setBits(VarType type, std::int64_t bits);
-  void setReal(VarType type, double value);
+  // Spare room is only kept while nobody else holds it: a value that is no text must not hold other objects'
+  // text in memory.
+  void setBits(VarType type, std::int64_t bits) {
+    if (type_ == VT_BSTR && text_.refs() > 1) text_.clear();
+    type_ = type;
+    bits_ = bits;
+  }
+  void setReal(VarType type, double value) { setBits(type, std::bit_cast<std::int64_t>(value)); }
   void finishText(bool ranOutOfMemory);
 
   VarType type_ = VT_EMPTY;

@@ -8,9 +8,9 @@ namespace tessera {
 
 std::int32_t effectiveCursor(const CellStyle& style, std::int32_t stored, EvalState& state) {
   constexpr std::int32_t arrow = 1;
-  XValue value;
-  if (!style.evaluate(DynamicSlot::Cursor, state, value)) return stored;
-  return value.type() == VT_BSTR ? parseCursor(value.asText()) : arrow;
+  const XValue* value = style.computed(DynamicSlot::Cursor, state);
+  if (!value) return stored;
+  return value->type() == VT_BSTR ? parseCursor(value->asText()) : arrow;
 }
 
 std::int32_t HeaderCell::effectiveCursor(EvalState& state) const {

@@ -17,8 +17,8 @@ ColorRef colorOf(const XValue& value) {
 }
 
 ColorRef effectiveColor(const CellStyle& style, DynamicSlot slot, ColorRef stored, EvalState& state) {
-  XValue value;
-  return style.evaluate(slot, state, value) ? colorOf(value) : stored;
+  const XValue* value = style.computed(slot, state);
+  return value ? colorOf(*value) : stored;
 }
 
 void applySize(LogFont& font, std::int32_t points) { font.lfHeight = pointsToHeight(points); }
@@ -42,9 +42,17 @@ void CellStyle::clearDynamic(DynamicSlot slot) {
   expressions[indexOf(slot)] = nullptr;
 }
 
-bool CellStyle::evaluate(DynamicSlot slot, EvalState& state, XValue& value) const {
+const XValue* CellStyle::computed(DynamicSlot slot, EvalState& state) const {
   const XExprProgram* program = expressions[indexOf(slot)];
-  return isDynamic(slot) && program && program->evaluate(state, value);
+  return isDynamic(slot) && program ? program->evaluate(state) : nullptr;
+}
+
+bool CellStyle::evaluate(DynamicSlot slot, EvalState& state, XValue& value) const {
+  if (!isDynamic(slot)) return false;
+  value.setEmpty();
+  const XValue* result = computed(slot, state);
+  if (result) value = *result;
+  return result != nullptr;
 }
 
 void CellStyle::setFontSize(std::int32_t points) {
@@ -72,29 +80,28 @@ ColorRef CellStyle::effectiveBorderColor(EvalState& state) const {
 }
 
 std::int32_t CellStyle::effectiveFontSize(EvalState& state) const {
-  XValue value;
-  if (!evaluate(DynamicSlot::FontSize, state, value)) return fontSize;
-  if (value.type() == VT_I4) return value.asInt();
-  return value.type() == VT_BSTR ? parseInt(value.asText()) : 0;
+  const XValue* value = computed(DynamicSlot::FontSize, state);
+  if (!value) return fontSize;
+  if (value->type() == VT_I4) return value->asInt();
+  return value->type() == VT_BSTR ? parseInt(value->asText()) : 0;
 }
 
 XString CellStyle::effectiveFontName(EvalState& state) const {
-  XValue value;
-  if (!evaluate(DynamicSlot::FontName, state, value)) return XString::fromNarrow(font.face());
-  return value.asText();
+  const XValue* value = computed(DynamicSlot::FontName, state);
+  return value ? value->asText() : XString::fromNarrow(font.face());
 }
 
 std::int32_t CellStyle::effectiveFontStyle(EvalState& state) const {
-  XValue value;
-  if (!evaluate(DynamicSlot::FontStyle, state, value)) return fontStyle;
-  if (value.type() != VT_BSTR) return 0;
-  const std::int32_t flags = parseFontStyle(value.asText());
+  const XValue* value = computed(DynamicSlot::FontStyle, state);
+  if (!value) return fontStyle;
+  if (value->type() != VT_BSTR) return 0;
+  const std::int32_t flags = parseFontStyle(value->asText());
   return flags == unknownWord ? fontStyle : flags;
 }
 
 XString CellStyle::effectiveDisplayFormat(EvalState& state) const {
-  XValue value;
-  return evaluate(DynamicSlot::DisplayFormat, state, value) ? value.asText() : displayFormat;
+  const XValue* value = computed(DynamicSlot::DisplayFormat, state);
+  return value ? value->asText() : displayFormat;
 }
 
 LogFont CellStyle::effectiveFont(EvalState& state) const {

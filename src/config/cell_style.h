@@ -88,7 +88,12 @@ struct CellStyle {
   // A null program is ignored.
   void setDynamic(DynamicSlot slot, const XExprProgram* program);
   void clearDynamic(DynamicSlot slot);
-  // False when the attribute is not dynamic or its run ended in an error.
+  // Null when the attribute is not dynamic or its run ended in an error. The value stands until the state's
+  // next run.
+  const XValue* computed(DynamicSlot slot, EvalState& state) const;
+  // The same as a copy; false, and an empty value if the attribute is dynamic, when there is none. A `value`
+  // that is used again and again lets go of the last text first, so that the state can write the next one
+  // where it stood.
   bool evaluate(DynamicSlot slot, EvalState& state, XValue& value) const;
 
   void setFontSize(std::int32_t points);

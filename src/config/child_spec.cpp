@@ -6,9 +6,8 @@
 namespace tessera {
 
 bool ChildSpec::isEditable(EvalState& state) const {
-  XValue value;
-  const bool computed = evaluate(DynamicSlot::Text, state, value);
-  return !equalNoCase(computed ? textOf(value) : editable, u"false");
+  const XValue* value = computed(DynamicSlot::Text, state);
+  return !equalNoCase(value ? textOf(*value) : editable, u"false");
 }
 
 }  // namespace tessera

@@ -160,4 +160,16 @@ HResult GridExpressionHost::AggregateValue(std::int32_t current, Aggregate kind,
   return S_OK;
 }
 
+void loadColumnNames(const DataLink& link, ExpressionEngine& engine) {
+  engine.clearColumnNames();
+  const auto rows = link.holdDataSet();
+  std::int32_t count = 0;
+  if (rows) rows->GetColumnCount(count);
+  for (std::int32_t column = 1; column <= count; ++column) {
+    XString name;
+    rows->GetColumnName(column, name);
+    engine.addColumnName(name);
+  }
+}
+
 }  // namespace tessera

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "binding/data_link.h"
-#include "expr/expression_host.h"
+#include "expr/expression_engine.h"
 
 namespace tessera {
 
@@ -22,5 +22,8 @@ class GridExpressionHost : public ExpressionHost {
  private:
   const DataLink& link_;
 };
+
+// Tells the engine the names of the present data set's columns, none without a data set.
+void loadColumnNames(const DataLink& link, ExpressionEngine& engine);
 
 }  // namespace tessera

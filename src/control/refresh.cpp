@@ -3,6 +3,7 @@
 #include "config/ambient_font.h"
 #include "config/background_flags.h"
 #include "config/column_info.h"
+#include "control/grid_expression_host.h"
 #include "rows/suppress.h"
 
 namespace tessera {
@@ -17,7 +18,7 @@ void dropPrograms(CellStyle& style) {
 
 void RefreshSequence::run() {
   clear();
-  loadColumnNames();
+  loadColumnNames(parts_.link, parts_.expressions);
   if (!compileKept() || !readColumns()) return;
   measure();
   ResolveSuppress(parts_.config.columns, parts_.link);
@@ -39,18 +40,6 @@ void RefreshSequence::clear() {
   dropPrograms(parts_.config.background);
   parts_.expressions.freePrograms(parts_.eval);
   parts_.link.forgetColumns();
-}
-
-void RefreshSequence::loadColumnNames() {
-  parts_.expressions.clearColumnNames();
-  const auto dataSet = parts_.link.holdDataSet();
-  std::int32_t count = 0;
-  dataSet->GetColumnCount(count);
-  for (std::int32_t column = 1; column <= count; ++column) {
-    XString name;
-    dataSet->GetColumnName(column, name);
-    parts_.expressions.addColumnName(name);
-  }
 }
 
 // The listener of a report may refresh the grid or let go of the data set.

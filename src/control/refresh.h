@@ -21,7 +21,6 @@ class RefreshSequence {
 
  private:
   void clear();
-  void loadColumnNames();
   // The expressions of the records that outlive a Refresh. False when a listener refreshed the grid
   // meanwhile.
   bool compileKept();

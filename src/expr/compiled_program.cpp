@@ -22,22 +22,13 @@ void CompiledProgram::finish(Register result) {
   result_ = result;
 }
 
-// The result lets go of a text that it shares with a slot before the slot is written again: so a caller who
-// reads row after row into one value costs no allocation.
-bool CompiledProgram::evaluate(EvalState& state, XValue& result) const {
-  result.setEmpty();
+const XValue* CompiledProgram::evaluate(EvalState& state) const {
   state.error.reset();
   EvalState::Run lent(state, instructions_.size(), registers_.size());
-  const XValue* value = run(state, lent.frame());
-  if (value) result = *value;
-  return value != nullptr;
-}
-
-const XValue* CompiledProgram::run(EvalState& state, EvalState::Frame& frame) const {
-  const XValue** registers = frame.registers.data();
+  const XValue** registers = lent.frame().registers.data();
   std::copy(registers_.begin(), registers_.end(), registers);
   ExprCall call(context_, state, registers);
-  XValue* own = frame.slots.data();
+  XValue* own = lent.frame().slots.data();
   for (const Instruction& instruction : instructions_) {
     call.begin(arguments_.data() + instruction.firstArgument, instruction.argumentCount, *own++,
                instruction.function);

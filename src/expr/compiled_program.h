@@ -20,7 +20,7 @@ class CompiledProgram final : public XExprProgram {
   // `context` is borrowed.
   explicit CompiledProgram(const XExprContext& context) : context_(context) {}
 
-  bool evaluate(EvalState& state, XValue& result) const override;
+  const XValue* evaluate(EvalState& state) const override;
   std::size_t instructionCount() const { return instructions_.size(); }
 
   // Building. The last call is finish().
@@ -43,9 +43,6 @@ class CompiledProgram final : public XExprProgram {
     Register place;
     XValue value;
   };
-
-  // Null when an instruction fails. The value stands until the frame is used again.
-  const XValue* run(EvalState& state, EvalState::Frame& frame) const;
 
   const XExprContext& context_;
   std::vector<Instruction> instructions_;

@@ -31,7 +31,13 @@ class EvalState {
   // evaluate again before it answers: runs nest, each with a frame of its own.
   class Run {
    public:
-    Run(EvalState& state, std::size_t slotCount, std::size_t registerCount);
+    Run(EvalState& state, std::size_t slotCount, std::size_t registerCount) : state_(state) {
+      if (state.frames_.size() == state.depth_) state.frames_.push_back(std::make_unique<Frame>());
+      Frame& lent = *state.frames_[state.depth_];
+      if (lent.slots.size() < slotCount) lent.slots.resize(slotCount);
+      if (lent.registers.size() < registerCount) lent.registers.resize(registerCount);
+      ++state.depth_;
+    }
     ~Run() { --state_.depth_; }
     Run(const Run&) = delete;
     Run& operator=(const Run&) = delete;

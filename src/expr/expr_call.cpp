@@ -50,8 +50,8 @@ void writeReal(double number, XString& text) {
 }  // namespace
 
 void ExprText::convert(const XValue& value) {
-  writeNumber(value, made_);
-  view_ = made_;
+  writeNumber(value, made_.emplace());
+  view_ = *made_;
 }
 
 double otherNumber(const XValue& value) {
@@ -61,7 +61,7 @@ double otherNumber(const XValue& value) {
   return isInteger(value.type()) ? static_cast<double>(value.asInt64()) : 0;
 }
 
-std::int32_t cutToInt(double number) { return cut<std::int32_t>(number); }
+std::int32_t cutLargeToInt(double number) { return cut<std::int32_t>(number); }
 std::int64_t cutToInt64(double number) { return cut<std::int64_t>(number); }
 
 void writeNumber(const XValue& value, XString& text) {

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string_view>
 
 #include <tessera/xvalue.h>
@@ -38,7 +39,7 @@ class ExprText {
  private:
   void convert(const XValue& value);
 
-  XString made_;
+  std::optional<XString> made_;
   std::u16string_view view_;
 };
 
@@ -54,8 +55,12 @@ inline VariantBool logicalOf(const XValue& value) {
 }
 
 // Cuts toward zero; what a 32-bit number cannot hold becomes the nearest one that it can, no number 0.
-std::int32_t cutToInt(double number);
+std::int32_t cutLargeToInt(double number);
 std::int64_t cutToInt64(double number);
+inline std::int32_t cutToInt(double number) {
+  constexpr double small = 1 << 30;
+  return number > -small && number < small ? static_cast<std::int32_t>(number) : cutLargeToInt(number);
+}
 
 // The text of a number as TOSTRING() gives it; the empty text for values that are no number.
 void writeNumber(const XValue& value, XString& text);

@@ -34,8 +34,12 @@ const char* typeName(ExprType type) {
   }
 }
 
-std::string parameterText(const XExprParameter& parameter, bool isOptional) {
-  const std::string plain = fmt::format("{}: {}", parameter.name, typeName(parameter.type));
+// The types of a function of any number of arguments only say what stands in for an empty one.
+std::string parameterText(const XExprFunction& function, std::size_t index) {
+  const XExprParameter& parameter = function.parameters[index];
+  const ExprType type = function.isVariadic() ? ExprType::Any : parameter.type;
+  const bool isOptional = index >= function.minArguments && !function.isVariadic();
+  const std::string plain = fmt::format("{}: {}", parameter.name, typeName(type));
   if (!isOptional) return plain;
   const bool quoted = parameter.type == ExprType::Text;
   const std::string value = quoted ? fmt::format("\"{}\"", parameter.defaultText) : parameter.defaultText;
@@ -49,7 +53,7 @@ std::string functionSignature(const XExprFunction& function) {
   text += '(';
   for (std::size_t i = 0; i < function.parameters.size() && function.parameters[i].name; ++i) {
     if (i > 0) text += ", ";
-    text += parameterText(function.parameters[i], i >= function.minArguments);
+    text += parameterText(function, i);
   }
   if (function.isVariadic()) text += ", ...";
   return text + "): " + typeName(function.result);
@@ -63,10 +67,10 @@ std::string functionHelp(const XExprFunction& function) {
 std::string functionReference() {
   std::string text;
   for (const FamilyTitle& family : familyTitles) {
-    text += fmt::format("### {}\n\n", family.title);
+    text += fmt::format("\n### {}\n\n| Function | Meaning | Example |\n|---|---|---|\n", family.title);
     for (const XExprFunction& function : exprFunctions()) {
       if (function.family != family.family) continue;
-      text += fmt::format("`{}`  \n{}  \n`{}` gives `{}`\n\n", functionSignature(function), function.summary,
+      text += fmt::format("| `{}` | {} | `{}` gives `{}` |\n", functionSignature(function), function.summary,
                           function.example, function.exampleResult);
     }
   }

@@ -14,7 +14,7 @@ std::string functionSignature(const XExprFunction& function);
 // The signature, the summary and the example, a line each.
 std::string functionHelp(const XExprFunction& function);
 
-// All functions as Markdown, by family, in the order of the table.
+// All functions as tables in Markdown, by family, in the order of the table.
 std::string functionReference();
 
 }  // namespace tessera

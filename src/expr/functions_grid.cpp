@@ -10,7 +10,8 @@ constexpr std::int32_t ownLevel = -1;    // the level of the row under evaluatio
 
 template <Aggregate kind>
 const XValue* aggregate(ExprCall& call) {
-  const XString name = call.count() > 0 ? XString(call.text(0).view()) : XString();
+  static const XString noColumn;
+  const XString& name = call.count() > 0 ? call.value(0).asText() : noColumn;
   const std::int32_t level = call.count() > 1 ? call.integer(1) : ownLevel;
   return call.giveFromHost([&](XValue& result) {
     return call.context().host->AggregateValue(call.row(), kind, name, level, result);

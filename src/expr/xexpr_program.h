@@ -14,9 +14,10 @@ class XExprProgram {
  public:
   virtual ~XExprProgram() = default;
 
-  // Runs for state.ExprRow. False when the run ended in an error: there is no value, `result` is VT_EMPTY,
-  // state.error tells why, and the caller goes on with what it would show without the expression.
-  virtual bool evaluate(EvalState& state, XValue& result) const = 0;
+  // Runs for state.ExprRow. The value belongs to the state and stands until the state's next run. Null when the
+  // run ended in an error: there is no value, state.error tells why, and the caller goes on with what it would
+  // show without the expression.
+  virtual const XValue* evaluate(EvalState& state) const = 0;
 };
 
 }  // namespace tessera

@@ -210,6 +210,7 @@ void EditorController::close(const Closing& closing) {
   parts_.editor.active = false;
   closing_ = false;
   if (closing.refocus) takeFocusBack();
+  services_.Repaint(nullptr);
 }
 
 void EditorController::writeText() {
@@ -219,7 +220,7 @@ void EditorController::writeText() {
   dataSet->SetValue(cell_.row, parts_.link.columnIndex(cell_.column->value().refColumnId), text);
 }
 
-// The caller repaints when all has changed.
+// The grid paints when the box is gone as a whole, not half way.
 void EditorController::takeFocusBack() {
   if (!parts_.window || parts_.focus.state == FocusState::Grid) return;
   const DrawHold hold(parts_.settings);

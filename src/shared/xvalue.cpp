@@ -69,17 +69,6 @@ XValue XValue::null() {
   return result;
 }
 
-void XValue::setEmpty() { setBits(VT_EMPTY, 0); }
-void XValue::setNull() { setBits(VT_NULL, 0); }
-void XValue::setInt(std::int32_t value) { setBits(VT_I4, value); }
-void XValue::setInt64(std::int64_t value) { setBits(VT_I8, value); }
-void XValue::setFloat(float value) { setReal(VT_R4, static_cast<double>(value)); }
-void XValue::setDouble(double value) { setReal(VT_R8, value); }
-void XValue::setBool(bool value) { setBits(VT_BOOL, value ? VARIANT_TRUE : VARIANT_FALSE); }
-void XValue::setRawBool(VariantBool value) { setBits(VT_BOOL, value); }
-void XValue::setDate(double days) { setReal(VT_DATE, days); }
-void XValue::setError(HResult code) { setBits(VT_ERROR, code); }
-
 void XValue::setText(std::u16string_view text) {
   text_.assign(text);
   finishText(text_.empty() && !text.empty());
@@ -121,16 +110,6 @@ const XString& XValue::emptyText() {
   static const XString empty;
   return empty;
 }
-
-// Spare room is only kept while nobody else holds it: a value that is no text must not hold other objects'
-// text in memory.
-void XValue::setBits(VarType type, std::int64_t bits) {
-  if (type_ == VT_BSTR && text_.refs() > 1) text_.clear();
-  type_ = type;
-  bits_ = bits;
-}
-
-void XValue::setReal(VarType type, double value) { setBits(type, std::bit_cast<std::int64_t>(value)); }
 
 // A string that runs out of memory is left empty.
 void XValue::finishText(bool ranOutOfMemory) {

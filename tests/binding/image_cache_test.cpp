@@ -86,6 +86,15 @@ TEST_F(ImageCacheTest, CellPicturesAreAddedButNeverReplaced) {
   EXPECT_NE(cache.FindImage(u"KR"), nullptr);
 }
 
+TEST_F(ImageCacheTest, PicturesKnowWhetherTheyAreTranslucent) {
+  DataLink link;
+  bind(link);
+  images->keys["kr"].pixels[0] = 0x7F112233;
+  cache.ReloadImages(columns, link);
+  EXPECT_TRUE(cache.FindImage(u"kr")->translucent);
+  EXPECT_FALSE(cache.FindImage(u"de")->translucent);
+}
+
 TEST_F(ImageCacheTest, NeedsBothComponents) {
   DataLink link;
   link.bindImageSet(client, &site, u"flags");

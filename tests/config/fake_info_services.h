@@ -18,10 +18,7 @@ class FakeProgram : public XExprProgram {
   FakeProgram() = default;
   explicit FakeProgram(XValue value) : value_(std::move(value)), fails_(false) {}
 
-  bool evaluate(EvalState&, XValue& result) const override {
-    result = fails_ ? XValue() : value_;
-    return !fails_;
-  }
+  const XValue* evaluate(EvalState&) const override { return fails_ ? nullptr : &value_; }
 
  private:
   XValue value_;
@@ -31,10 +28,13 @@ class FakeProgram : public XExprProgram {
 // Gives the number of the row.
 class RowProgram : public XExprProgram {
  public:
-  bool evaluate(EvalState& state, XValue& result) const override {
-    result.setInt(state.ExprRow);
-    return true;
+  const XValue* evaluate(EvalState& state) const override {
+    value_.setInt(state.ExprRow);
+    return &value_;
   }
+
+ private:
+  mutable XValue value_;
 };
 
 class FakeInfoServices : public InfoServices {

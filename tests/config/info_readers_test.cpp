@@ -29,6 +29,9 @@ TEST(IndicatorInfo, Attributes) {
       {"<I color='@bad' width='@x' leftmargin='9' text='t' cursor='hand'/>", true, " width=0"},
       {"", false, ""},
       {"<I width='1'", false, ""},
+      {"<!-- note --><I width='20'/>", false, ""},
+      {"<?note?><I width='20'/>", false, ""},
+      {"<?xml version='1.0'?><I width='20'/><!-- note -->", true, " width=20"},
   };
   for (const auto& row : rows) {
     FakeInfoServices services;
@@ -76,6 +79,7 @@ TEST(BackgroundInfo, Attributes) {
       {"<B transparentcolor='blue' transcolor='red'/>", true, false, 2, " key=ff0000"},
       {"<B fontsize='9' color='red'/>", true, false, 2, ""},
       {"<B bgcolor='red'", false, false, 2, ""},
+      {"<!-- note --><B bgcolor='red'/>", false, false, 2, ""},
       {"", false, false, 2, ""},
   };
   for (const auto& row : rows) {
@@ -130,6 +134,7 @@ TEST(MenuInfo, Items) {
       {"<M><A text='One' code='1'>x</A></M>", false, ""},
       {"", false, ""},
       {"<M>", false, ""},
+      {"<!-- note --><M><A text='One' code='1'/></M>", false, ""},
   };
   for (const auto& row : rows) {
     FakeInfoServices services;

@@ -54,7 +54,7 @@ TEST(HeadlessWindow, TellsWhatItWasAskedFor) {
   EXPECT_TRUE(window.takeCalls().empty());
   EXPECT_EQ(window.bar(Bar::Vertical).range, (BarRange{1, 100, 20, 7}));
   EXPECT_FALSE(window.bar(Bar::Horizontal).enabled);
-  EXPECT_TRUE(window.focused());
+  EXPECT_TRUE(window.hasFocus());
 }
 
 }  // namespace

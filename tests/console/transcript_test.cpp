@@ -103,6 +103,27 @@ TEST(Transcripts, AreAllInTheList) {
   }
 }
 
+// The blocks of the page are one session.
+TEST(EditingGuide, SaysWhatTheConsoleSays) {
+  std::vector<std::string> lines;
+  bool isInside = false;
+  for (const std::string& line : splitLines(readText(TESSERA_SOURCE_DIR "/docs/editing.md"))) {
+    if (line.starts_with("```")) {
+      isInside = line == "```console";
+    } else if (isInside) {
+      lines.push_back(line);
+    }
+  }
+  const Recorded recorded = parseTranscript(lines);
+  ASSERT_FALSE(recorded.commands.empty());
+  auto opened = openForm(TESSERA_SOURCE_DIR "/examples/editors.xml");
+  ASSERT_TRUE(opened) << opened.error().message();
+  std::istringstream in(recorded.commands);
+  std::ostringstream out;
+  Console(std::move(*opened), out, {.strict = false, .echo = true}).run(in);
+  EXPECT_EQ(unifiedDiff(recorded.lines, splitLines(out.str())), "");
+}
+
 TEST(UnifiedDiff, ShowsChangesWithTheirSurroundings) {
   struct Row {
     std::string_view expected;

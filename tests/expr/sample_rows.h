@@ -139,8 +139,7 @@ class SampleEngine {
   std::string evaluateWide(std::u16string_view text) {
     const XExprProgram* program = engine.compile(text);
     if (!program) return messages();
-    XValue value;
-    if (program->evaluate(state, value)) return literalText(value);
+    if (const XValue* value = program->evaluate(state)) return literalText(*value);
     return "! " + state.error->message().toUtf8();
   }
 

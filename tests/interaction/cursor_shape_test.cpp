@@ -10,13 +10,14 @@ namespace {
 class HandForRow : public XExprProgram {
  public:
   explicit HandForRow(std::int32_t row) : row_(row) {}
-  bool evaluate(EvalState& state, XValue& result) const override {
-    result.setText(state.ExprRow == row_ ? u"hand" : u"claw");
-    return true;
+  const XValue* evaluate(EvalState& state) const override {
+    value_.setText(state.ExprRow == row_ ? u"hand" : u"claw");
+    return &value_;
   }
 
  private:
   std::int32_t row_;
+  mutable XValue value_;
 };
 
 class CursorShape : public test::MouseTest {

@@ -115,10 +115,10 @@ TEST(CellStepsTest, WrappingCanBeOff) {
 // A line that only a hidden column begins is passed over, and a column without a width is no cell: otherwise
 // the walks would stand still.
 TEST(CellStepsTest, EmptyLinesAndColumns) {
-  Ground ground("a 0 60 0 40\nflat 60 60 0 40\nb 60 120 0 20\nh 60 120 30 40 hidden\nlow 60 120 35 40");
-  expectSteps(ground, {{"a 0 1", "-", "b 0 1", "no row", "a 0 2"},
-                       {"b 0 1", "a 0 1", "a 1 1", "no row", "no cell"},
-                       {"a 1 1", "b 0 1", "low 2 1", "no row", "a 1 2"}});
+  Ground ground("a 0 60 0 20\nflat 60 60 0 20\nb 60 120 0 20\nh 0 60 30 40 hidden\nlow 0 60 35 40");
+  expectSteps(ground, {{"a 0 1", "-", "b 0 1", "no row", "no cell"},
+                       {"b 0 1", "a 0 1", "low 2 1", "no row", "no cell"},
+                       {"low 2 1", "b 0 1", "a 0 2", "no cell", "a 0 2"}});
 }
 
 constexpr const char* fixedColumns = "f 0 60 0 20 fix\ng 60 120 0 20 fix\nx 120 180 0 20\ny 180 240 0 20";

@@ -35,7 +35,7 @@ class LiveEditBox : public FakeEditBox {
     const std::u16string text(content.view());
     const auto start = static_cast<std::size_t>(selectionStart);
     const auto end = static_cast<std::size_t>(selectionEnd);
-    content = text.substr(0, start) + character + text.substr(end);
+    content.assign(text.substr(0, start) + character + text.substr(end));
     selectionStart = selectionEnd = static_cast<std::int32_t>(start) + 1;
     owner.editCharDone(character);
   }
@@ -114,10 +114,11 @@ HResult DataFollower::CanChange(std::int32_t, std::int32_t, VariantBool& allowed
 }
 
 HResult DataFollower::CurrentRowChanged(std::int32_t, std::int32_t row) {
-  RowNode* const node = test_.parts.rows.find(row);
-  if (test_.parts.link.SelfMove() || !node || !test_.parts.focus.CellMode) return S_OK;
+  FocusModel& focus = test_.parts.focus;
+  if (test_.parts.link.SelfMove() || !focus.CellMode) return S_OK;
   test_.editors.tryCommit(CommitMode::FocusLost);
-  test_.parts.focus.FocusRow = node;
+  RowNode* const node = test_.parts.rows.find(row);
+  if (node && focus.CellMode) focus.FocusRow = node;
   return S_OK;
 }
 

@@ -36,7 +36,7 @@ class SortedData : public FakeDataSet {
 // rows are 20 high, the page holds four rows of ten and shows one pixel of a fifth, and right of the columns
 // stay 54 pixels.
 class MouseTest : public ::testing::Test {
- protected:
+ public:
   MouseTest() {
     window.size = {250, 101};
     parts.config.indicator.width = 16;
@@ -46,9 +46,11 @@ class MouseTest : public ::testing::Test {
 
   // The text of columnsOf, counted from the indicator.
   void setColumns(const std::string& text) {
+    parts.focus.forget();
     parts.config.columns = columnsOf(text);
     for (ColumnRecord& column : parts.config.columns) column.header.borderStyle = border::raisedInner;
     measure();
+    loadPage();
   }
   void measure() {
     parts.metrics.measureHeights(parts.config.columns);
@@ -69,6 +71,9 @@ class MouseTest : public ::testing::Test {
     bindTo(parts.link, data);
     parts.rows.buildPlain(count);
     parts.updateBars(bar_bit::both);
+    loadPage();
+  }
+  void loadPage() {
     const GridFrame frame = parts.frame();
     parts.loader(frame).LoadVisibleRows(false);
   }
@@ -91,8 +96,7 @@ class MouseTest : public ::testing::Test {
     parts.config.columns.removeAll();
     parts.config.columns = columns;
     parts.rows.buildPlain(parts.link.rowCount());
-    const GridFrame frame = parts.frame();
-    parts.loader(frame).LoadVisibleRows(false);
+    loadPage();
   }
   void closeWindow() { parts.window = nullptr; }
 

@@ -181,7 +181,11 @@ TEST(PictureLoader, LosslessFormats) {
     EXPECT_EQ(loaded->width, 37) << row.module;
     EXPECT_EQ(loaded->height, 21) << row.module;
     EXPECT_EQ(loaded->pixels, expected.pixels) << row.module;
+    EXPECT_EQ(loaded->translucent, row.opacity != 0xFF) << row.module;
   }
+  const BitmapRef opaque = load(saved(sample(37, 21, 0xFF), "png", true));
+  ASSERT_TRUE(opaque);
+  EXPECT_FALSE(opaque->translucent) << "an alpha channel alone does not make it so";
 }
 
 TEST(PictureLoader, OtherFormats) {

@@ -199,10 +199,15 @@ TEST(XmlDocument, Attributes) {
   };
   for (const Row& row : rows) EXPECT_EQ(root.attribute(row.name), row.value) << row.name;
 
+  std::string names;
+  for (const XString& name : root.attributeNames()) names += name.toUtf8() + " ";
+  EXPECT_EQ(names, "xmlns xmlns:p id ID none p:id t w ");
+
   EXPECT_TRUE(root.hasAttributeMap());
   for (const DocumentNode* child = root.firstChild(); child; child = child->nextSibling()) {
     EXPECT_FALSE(child->hasAttributeMap()) << dump(*child);
     EXPECT_FALSE(child->attribute("id").has_value()) << dump(*child);
+    EXPECT_TRUE(child->attributeNames().empty()) << dump(*child);
   }
 }
 
@@ -222,6 +227,40 @@ TEST(XmlDocument, TextJoinsAllBelow) {
     ASSERT_EQ(result.index(), 0u) << dump(result);
     EXPECT_EQ(std::get<0>(result)->root()->text(), row.joined) << utf8FromUtf16(row.text);
   }
+}
+
+TEST(XmlDocument, FirstChildIsWhatStandsFirst) {
+  struct Row {
+    std::u16string text;
+    std::string names;  // of the first child and its siblings
+  };
+  const std::vector<Row> rows = {
+      {u"<a/>", "a "},
+      {u"<?xml version='1.0'?>\n<a/>", "a "},
+      {u"<!--x--> <?go there?><a><b/></a><!--y-->", "#comment go a #comment "},
+  };
+  for (const Row& row : rows) {
+    const DocumentResult result = readDocument(row.text);
+    ASSERT_EQ(result.index(), 0u) << dump(result);
+    std::string names;
+    const Document& document = *std::get<0>(result);
+    for (const auto* node = document.firstChild(); node; node = node->nextSibling()) {
+      names += node->nodeName().toUtf8() + " ";
+    }
+    EXPECT_EQ(names, row.names);
+    EXPECT_EQ(document.root()->nodeName(), u"a");
+  }
+}
+
+TEST(XmlDocument, LinesAreThoseOfTheTagsStart) {
+  const DocumentResult result =
+      readDocument(u"<a\n\n>\n<b\n x='\n>'\n y='&#10;'/><c/>\n<!--\n-->\n<d\n/></a>");
+  ASSERT_EQ(result.index(), 0u) << dump(result);
+  std::string lines = std::to_string(std::get<0>(result)->root()->line());
+  for (const auto* node = std::get<0>(result)->root()->firstChild(); node; node = node->nextSibling()) {
+    if (node->hasAttributeMap()) lines += " " + node->nodeName().toUtf8() + std::to_string(node->line());
+  }
+  EXPECT_EQ(lines, "1 b4 c7 d10");
 }
 
 TEST(XmlDocument, LinesPastSixteenBits) {

@@ -96,6 +96,43 @@ TEST(BlitKeyed, IgnoresTheAlphaOfSourceAndKey) {
   EXPECT_EQ(canvas.pixel(0, 0), pixelOf(red));
 }
 
+// Every way of drawing a bitmap onto a blue surface, pixel by pixel.
+TEST(TranslucentBitmap, IsLaidOverWhatIsThere) {
+  Bitmap source(5, 1);
+  source.pixels = {0x00FFFFFF, 0xFFFF0000, 0x80FFFFFF, 0x01FF0000, 0x8000FF00};
+  const std::vector<std::uint32_t> composed{0xFF0000FF, 0xFFFF0000, 0xFF8080FF, 0xFF0100FE, 0xFF00807F};
+  const std::vector<std::uint32_t> keyed{0xFF0000FF, 0xFFFF0000, 0xFF8080FF, 0xFF0100FE, 0xFF0000FF};
+  std::vector<std::uint32_t> copied;
+  for (const std::uint32_t pixel : source.pixels) copied.push_back(pixel | 0xFF000000);
+  const auto drawn = [](auto draw) {
+    RasterCanvas canvas({5, 1});
+    canvas.fill({0, 0, 5, 1}, blue);
+    draw(canvas);
+    return canvas.snapshot().pixels;
+  };
+  constexpr Rect all{0, 0, 5, 1};
+  const auto blit = [&](Canvas& canvas) { canvas.blit(all, source, 0, 0); };
+  const auto stretch = [&](Canvas& canvas) { canvas.stretch(all, source); };
+  const auto blitKeyed = [&](Canvas& canvas) { canvas.blitKeyed(all, source, all, green); };
+  EXPECT_EQ(drawn(blit), copied);
+  EXPECT_EQ(drawn(stretch), copied);
+  source.findTranslucent();
+  ASSERT_TRUE(source.translucent);
+  EXPECT_EQ(drawn(blit), composed);
+  EXPECT_EQ(drawn(stretch), composed);
+  EXPECT_EQ(drawn(blitKeyed), keyed);
+  EXPECT_EQ(drawn([&](Canvas& canvas) { canvas.blit({-1, 0, 4, 1}, source, 0, 0); })[1], composed[2]);
+}
+
+TEST(TranslucentBitmap, HasAPixelThatIsNotOpaque) {
+  Bitmap bitmap(2, 2);
+  bitmap.findTranslucent();
+  EXPECT_FALSE(bitmap.translucent);
+  bitmap.pixels[3] = 0xFE000000;
+  bitmap.findTranslucent();
+  EXPECT_TRUE(bitmap.translucent);
+}
+
 TEST(BlitSurface, CopiesFromAnotherSurface) {
   WhiteCanvas canvas(4, 3);
   const std::unique_ptr<Canvas> surface = canvas.createSurface({2, 2});

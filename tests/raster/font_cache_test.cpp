@@ -2,6 +2,7 @@
 
 #include <thread>
 
+#include "backends/raster/text_painter.h"
 #include "raster/text_picture.h"
 
 namespace tessera {
@@ -72,6 +73,27 @@ TEST(TextShaper, KeepsWhatIsUsedWithinItsBound) {
     ASSERT_EQ(cache.shaper().shapings(), before) << i;
     ASSERT_LE(cache.shaper().textsKept() * 200, 2 * TextShaper::maxGlyphs) << "at 200 glyphs a text";
   }
+}
+
+TEST(WidthCache, StaysInItsBoundAndEndsWithItsFonts) {
+  FontCache cache;
+  std::u16string text(WidthCache::longText, u'x');
+  const LogFont font = fontOf("", -12);
+  const std::int32_t unit = measureText(cache, font, u"x").width;
+  EXPECT_EQ(cache.widths().size(), 0u) << "a short text is not kept";
+  for (std::size_t i = 0; i < 2 * WidthCache::maxTexts; ++i) {
+    text[i] = u' ';
+    measureText(cache, font, text);
+    ASSERT_LE(cache.widths().size(), WidthCache::maxTexts);
+  }
+  text.assign(WidthCache::longText, u'x');
+  EXPECT_EQ(measureText(cache, font, text).width, static_cast<std::int32_t>(text.size()) * unit);
+  EXPECT_GT(cache.widths().size(), 0u);
+  // A font that ends takes them along: the next one may be made at its address.
+  for (std::int32_t height = 20; height < 20 + static_cast<std::int32_t>(FontCache::maxFonts); ++height) {
+    cache.font(fontOf("", -height));
+  }
+  EXPECT_EQ(cache.widths().size(), 0u);
 }
 
 TEST(FontCache, GivesEveryThreadItsOwnWithEqualMeasures) {

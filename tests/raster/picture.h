@@ -52,7 +52,7 @@ inline Picture pictureOf(const RasterCanvas& canvas) {
   return picture;
 }
 
-// The other way round; a bitmap's alpha must not matter, so it has none.
+// The other way round; the alpha of a bitmap that is not translucent must not matter, so it has none.
 inline Bitmap bitmapOf(const Picture& picture) {
   Bitmap bitmap(static_cast<std::int32_t>(picture.front().size()), static_cast<std::int32_t>(picture.size()));
   std::size_t place = 0;

@@ -1,3 +1,5 @@
+#include <chrono>
+
 #include "backends/raster/font_cache.h"
 #include "backends/raster/text_segments.h"
 #include "raster/text_picture.h"
@@ -104,6 +106,21 @@ TEST(LongText, HasAnExactExtent) {
   }
 }
 
+TEST(LongText, IsMeasuredOnce) {
+  std::u16string text;  // of pieces that are all different, more than the shaper keeps
+  std::uint32_t random = 1;
+  while (text.size() < 600'000) {
+    random = random * 1664525 + 1013904223;
+    text += {static_cast<char16_t>(u'a' + (random >> 24) % 26), u'\u0301'};
+  }
+  const std::int32_t width = widthOf(text);
+  EXPECT_EQ(shapingsIn([&] { EXPECT_EQ(widthOf(text), width); }), 0u);
+  EXPECT_GT(shapingsIn([&] { EXPECT_NE(widthOf(text, fontOf("", -30)), width) << "another font"; }), 0u);
+  std::u16string other = text;
+  other.back() = u'm';
+  EXPECT_GT(widthOf(other), width) << "as long, but another text";
+}
+
 TEST(LongText, OfOneWordIsMeasuredInPassing) {
   // Each mark far from a space must not make the whole word be looked at again.
   std::u16string text;
@@ -133,6 +150,30 @@ TEST(Segments, AreCutWhereNothingBelongsTogether) {
       pieces.push_back((segment.shaped ? u"*" : u"") + std::u16string(segment.text));
     }
     EXPECT_EQ(pieces, row.pieces) << row.text.size();
+  }
+}
+
+TEST(Segments, OfALongTextWithoutSpacesAreCutInPassing) {
+  const std::u16string text(8'000'000, u'\u05D0');
+  TextSegments segments(FontCache::ofThread().font({}), text);
+  const auto start = std::chrono::steady_clock::now();
+  std::size_t pieces = 0;
+  for (TextSegment segment; segments.next(1 << 30, segment);) ++pieces;
+  EXPECT_EQ(pieces, (text.size() + TextSegments::maxShaped - 1) / TextSegments::maxShaped);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
+}
+
+TEST(Segments, EndBehindTheLastSpaceOfAPiece) {
+  Font& font = FontCache::ofThread().font({});
+  for (const std::size_t place : {std::size_t{1}, std::size_t{500}, TextSegments::maxShaped - 1}) {
+    std::u16string text(3000, u'\u05D0');
+    text[place] = u' ';
+    TextSegments segments(font, text);
+    TextSegment segment;
+    ASSERT_TRUE(segments.next(1 << 30, segment));
+    EXPECT_EQ(segment.text.size(), place + 1);
+    ASSERT_TRUE(segments.next(1 << 30, segment));
+    EXPECT_EQ(segment.text.size(), TextSegments::maxShaped);
   }
 }
 

@@ -196,8 +196,10 @@ TEST_F(CellDrawing, MeasuresOnlyWhatStandsByItsWidth) {
     std::int32_t align;
     std::int32_t sortMark;
     std::size_t cell, header;  // units measured of "abc;de"
-  } cases[] = {{align::left | align::middle, 0, 0, 0}, {align::full, 0, 0, 0},
-               {align::left | align::middle, 1, 6, 6}, {align::centerCenter, 0, 6, 11},
+  } cases[] = {{align::left | align::middle, 0, 0, 0},
+               {align::full, 0, 0, 0},
+               {align::left | align::middle, 1, 6, 6},
+               {align::centerCenter, 0, 6, 11},
                {align::right | align::middle, 0, 6, 11}};
   for (const auto& test : cases) {
     MeasuringCanvas measuring({200, 100});

@@ -172,7 +172,8 @@ TEST_F(CellPainters, ImageIsPlacedOrStretched) {
             (Lines{"blend 0,0,100,20 ffffff 204", "blit 45,6,55,14 10x8 0,0", "blend 0,20,100,40 ffffff 204",
                    "blend 0,40,100,60 ffffff 204", "blit 45,46,55,54 10x8 0,0"}));
   column.view.align = align::full;
-  EXPECT_EQ(cellLines(), (Lines{"stretch 0,0,100,20 10x8", "blend 0,20,100,40 ffffff 204", "stretch 0,40,100,60 10x8"}));
+  EXPECT_EQ(cellLines(),
+            (Lines{"stretch 0,0,100,20 10x8", "blend 0,20,100,40 ffffff 204", "stretch 0,40,100,60 10x8"}));
   // A value that is no text ends the column.
   data->rows[1].values[0].setInt(7);
   EXPECT_EQ(cellLines(), (Lines{"stretch 0,0,100,20 10x8"}));
@@ -233,8 +234,8 @@ TEST_F(CellPainters, BarIsSolidOverABackgroundImage) {
   column.child.barMin = 0;
   column.child.barAlign = align::left;
   column.view.imageMode = image_mode::blended;
-  EXPECT_EQ(paintOnly("surface"), (Lines{"surface fill 0,0,100,20 ff0000",
-                                         "surface text 3,3,97,17 at 43,3 000000 \"50\""}));
+  EXPECT_EQ(paintOnly("surface"),
+            (Lines{"surface fill 0,0,100,20 ff0000", "surface text 3,3,97,17 at 43,3 ffffff \"50\""}));
   EXPECT_EQ(canvas.linesOf("blend"), (Lines{"blend 0,0,100,20 ffffff 204"}));
 }
 

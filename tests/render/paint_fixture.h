@@ -20,10 +20,11 @@ class FakeProgram : public XExprProgram {
  public:
   using Body = std::function<bool(EvalState&, XValue&)>;
   explicit FakeProgram(Body body) : body_(std::move(body)) {}
-  bool evaluate(EvalState& state, XValue& result) const override { return body_(state, result); }
+  const XValue* evaluate(EvalState& state) const override { return body_(state, value_) ? &value_ : nullptr; }
 
  private:
   Body body_;
+  mutable XValue value_;
 };
 
 using Lines = std::vector<std::string>;

@@ -119,7 +119,7 @@ TEST(TreeLayout, StaysWithinTheNumbers) {
   RowNode node;
   node.level = least;
   const TreeLayout layout(tree, 3);
-  EXPECT_EQ(layout.lineX(least), least + 1);
+  EXPECT_EQ(layout.lineX(least), least + 8);
   EXPECT_EQ(layout.textLeft(node, true), least);
 }
 

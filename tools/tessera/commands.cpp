@@ -15,6 +15,7 @@
 #include "shared/calendar.h"
 #include "shared/utf.h"
 #include "tools/tessera/data_operations.h"
+#include "tools/tessera/evaluate.h"
 #include "tools/tessera/form_reader.h"
 #include "tools/tessera/grid_report.h"
 #include "tools/tessera/input_commands.h"
@@ -273,6 +274,20 @@ Reply runNormalize(CommandContext&, std::string_view rest) {
   return Reply::ofText(normalizeInfoText(tokens->front().text));
 }
 
+// The expression goes to the end of the line; what is wrong with it comes a line each.
+Reply runEval(CommandContext& context, std::string_view rest) {
+  const Token row{XString::fromNarrow(takeWord(rest)), false};
+  if (!row.number()) return noNumber(row);
+  Evaluation evaluation =
+      evaluateExpression(context.host.control().parts().link, nullptr, &context.host.desktop().clock,
+                         *row.number(), utf16FromUtf8(rest));
+  if (evaluation.messages.empty()) return Reply::of(evaluation.value);
+  if (evaluation.compiled) return Reply::error(evaluation.messages.front());
+  Reply reply = Reply::error("the expression does not compile");
+  reply.lines = std::move(evaluation.messages);
+  return reply;
+}
+
 Reply streamFault(const std::string& path, HResult status) {
   return Reply::error(
       fmt::format("{}: the stream failed with 0x{:08X}", path, static_cast<std::uint32_t>(status)));
@@ -315,6 +330,7 @@ constexpr CommandRow commands[] = {
     {"cell", "ROW COLUMN", 2, 2, runCell, nullptr},
     {"bars", "", 0, 0, runBars, nullptr},
     {"format", "FORMAT TEXT", 2, 2, runFormat, nullptr},
+    {"eval", "ROW EXPRESSION", 0, 0, nullptr, runEval},
     {"normalize", "TEXT", 0, 0, nullptr, runNormalize},
     {"save", "stream FILE", 2, 2, runSave, nullptr},
     {"load", "stream FILE", 2, 2, runLoad, nullptr},

@@ -36,7 +36,8 @@ FormHost::FormHost(OpenedForm opened, ITesseraEvents* events)
       client_(opened_.form.client),
       page_(buildPage()),
       site_(page_.get(), opened_.form.ambientFont(), opened_.form.codePage),
-      control_(std::make_unique<Tessera>(Ports{documents_, opened_.pictures.get(), &http_, &codePages_})) {
+      control_(std::make_unique<Tessera>(
+          Ports{documents_, opened_.pictures.get(), &http_, &codePages_, nullptr, &desktop_->clock})) {
   control_->setClientSite(&site_);
   control_->quickActivate();
   if (events) control_->events().connect(events);

@@ -2,7 +2,12 @@
 
 #include <CLI/CLI.hpp>
 
+#include "backends/native/native_clock.h"
+#include "backends/native/native_locale.h"
+#include "expr/literal_text.h"
+#include "shared/utf.h"
 #include "tools/tessera/console.h"
+#include "tools/tessera/evaluate.h"
 #include "tools/tessera/render.h"
 
 namespace tessera {
@@ -15,6 +20,8 @@ struct Options {
   std::string form;
   ConsoleOptions console;
   RenderOptions render;
+  std::string expression;
+  std::int32_t row = 1;
 };
 
 void describeRender(CLI::App& command, Options& options) {
@@ -31,6 +38,12 @@ void describeConsole(CLI::App& command, Options& options) {
   command.add_flag("--echo", options.console.echo, "print each command before its replies");
 }
 
+void describeEval(CLI::App& command, Options& options) {
+  command.add_option("expression", options.expression, "expression to evaluate")->required();
+  command.add_option("--form", options.form, "form, .csv file, .sqlite file or .sqlite:TABLE with the rows");
+  command.add_option("--row", options.row, "row that the expression sees, from 1");
+}
+
 int fail(std::ostream& err, const std::string& message) {
   err << "tessera: " << message << '\n';
   return badInput;
@@ -45,6 +58,23 @@ int runConsole(OpenedForm opened, const Options& options, ProgramStreams streams
   return Console(std::move(opened), streams.out, options.console).run(streams.in);
 }
 
+// In the language and at the time of the machine.
+int runEval(const DataLink& link, const Options& options, ProgramStreams streams) {
+  const NativeLocale locale;
+  const NativeClock clock;
+  const Evaluation evaluation =
+      evaluateExpression(link, &locale, &clock, options.row, utf16FromUtf8(options.expression));
+  for (const std::string& message : evaluation.messages) fail(streams.err, message);
+  if (!evaluation.messages.empty()) return badInput;
+  streams.out << literalText(evaluation.value) << '\n';
+  return 0;
+}
+
+int runEval(OpenedForm opened, const Options& options, ProgramStreams streams) {
+  FormHost host(std::move(opened));
+  return runEval(host.control().parts().link, options, streams);
+}
+
 }  // namespace
 
 int runProgram(const std::vector<std::string>& arguments, ProgramStreams streams) {
@@ -56,6 +86,8 @@ int runProgram(const std::vector<std::string>& arguments, ProgramStreams streams
   describeRender(render, options);
   CLI::App& console = *app.add_subcommand("console", "Obey one command a line from the standard input");
   describeConsole(console, options);
+  CLI::App& eval = *app.add_subcommand("eval", "Try an expression, on the rows of a form or without any");
+  describeEval(eval, options);
   try {
     app.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::Success& success) {
@@ -63,8 +95,10 @@ int runProgram(const std::vector<std::string>& arguments, ProgramStreams streams
   } catch (const CLI::ParseError& error) {
     return fail(streams.err, error.what());
   }
+  if (eval.parsed() && options.form.empty()) return runEval(DataLink(), options, streams);
   auto opened = openForm(options.form);
   if (!opened) return fail(streams.err, opened.error().message());
+  if (eval.parsed()) return runEval(std::move(*opened), options, streams);
   return render.parsed() ? runRender(std::move(*opened), options, streams)
                          : runConsole(std::move(*opened), options, streams);
 }

@@ -1,0 +1,378 @@
+#include <cmath>
+#include <gtest/gtest.h>
+
+#include "backends/headless/edit_line.h"
+#include "backends/headless/headless_input.h"
+#include "backends/headless/headless_window.h"
+#include "tools/tessera/key_names.h"
+
+namespace tessera {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// Tells what happens to it, and may answer with another move.
+class Holder : public FocusHolder {
+ public:
+  Holder(std::string name, Lines& told) : name_(std::move(name)), told_(told) {}
+  void focusLost(const FocusHolder* next) override {
+    told_.push_back(name_ + " lost to " + (next ? static_cast<const Holder*>(next)->name_ : "others"));
+    if (whenLost) whenLost();
+  }
+  void focusGained() override { told_.push_back(name_ + " gained"); }
+
+  std::function<void()> whenLost;
+
+ private:
+  std::string name_;
+  Lines& told_;
+};
+
+TEST(KeyboardFocus, TellsTheOldHolderFirst) {
+  Lines told;
+  KeyboardFocus focus;
+  Holder a("a", told);
+  Holder b("b", told);
+  focus.moveTo(&a);
+  focus.moveTo(&a);
+  a.whenLost = [&] { EXPECT_EQ(focus.holder(), &b); };
+  focus.moveTo(&b);
+  focus.moveTo(nullptr);
+  EXPECT_EQ(told, (Lines{"a gained", "a lost to b", "b gained", "b lost to others"}));
+}
+
+TEST(KeyboardFocus, TheLastMoveWins) {
+  Lines told;
+  KeyboardFocus focus;
+  Holder a("a", told);
+  Holder b("b", told);
+  focus.moveTo(&a);
+  a.whenLost = [&] {
+    a.whenLost = nullptr;
+    focus.moveTo(&a);
+  };
+  focus.moveTo(&b);
+  EXPECT_EQ(focus.holder(), &a);
+  EXPECT_EQ(told, (Lines{"a gained", "a lost to b", "b lost to a", "a gained"}));
+  focus.forget(&b);
+  EXPECT_EQ(focus.holder(), &a);
+  // The one that was to get the focus goes away meanwhile.
+  told.clear();
+  a.whenLost = [&] { focus.forget(&b); };
+  focus.moveTo(&b);
+  EXPECT_EQ(focus.holder(), nullptr);
+  EXPECT_EQ(told, Lines{"a lost to b"});
+}
+
+TEST(HeadlessTimers, FireInTheOrderOfTheirDueTimes) {
+  HeadlessDesktop desktop;
+  HeadlessTimers& timers = desktop.timers;
+  const double start = desktop.clock.now();
+  std::vector<std::string> fired;
+  const auto fire = [&](std::int32_t id) {
+    fired.push_back(std::to_string(id) + "@" +
+                    std::to_string(std::llround((desktop.clock.now() - start) * 86400000)));
+    if (id == 4) timers.stop(4);
+    if (id == 1 && fired.size() > 5) timers.start(1, 1000);
+  };
+  timers.start(1, 100);
+  timers.start(4, 30);
+  timers.start(2, 50);
+  timers.start(3, -5);
+  timers.stop(3);
+  timers.pass(99, fire);
+  EXPECT_EQ(fired, (std::vector<std::string>{"4@30", "2@50"}));
+  timers.pass(201, fire);
+  EXPECT_EQ(fired, (std::vector<std::string>{"4@30", "2@50", "1@100", "2@100", "2@150", "1@200", "2@200",
+                                             "2@250", "2@300"}));
+  timers.start(2, 0);
+  fired.clear();
+  timers.pass(25, fire);
+  EXPECT_EQ(fired, (std::vector<std::string>{"2@310", "2@320"}));
+}
+
+TEST(EditLine, EditsLikeAPerson) {
+  struct Row {
+    std::string_view
+        keys;  // < > steps, [ ] steps with Shift, b Backspace, d Delete, ^ $ the ends, others typed
+    std::u16string_view text;
+    std::int32_t start;
+    std::int32_t end;
+  };
+  const Row rows[] = {
+      {"", u"one two", 0, 0},       {"<b", u"one two", 0, 0},     {"$>d", u"one two", 7, 7},
+      {"$bbb", u"one ", 4, 4},      {"]]]d", u" two", 0, 0},      {"]]]X", u"X two", 1, 1},
+      {"$[[<Y", u"one tYwo", 6, 6}, {"$[[>Y", u"one twoY", 8, 8}, {"]]b", u"e two", 0, 0},
+      {">>[[[[", u"one two", 0, 2},
+  };
+  for (const Row& row : rows) {
+    EditLine line;
+    line.setText(u"one two");
+    for (const char key : row.keys) {
+      switch (key) {
+        case '<':
+          line.stepLeft(false);
+          break;
+        case '>':
+          line.stepRight(false);
+          break;
+        case '[':
+          line.stepLeft(true);
+          break;
+        case ']':
+          line.stepRight(true);
+          break;
+        case 'b':
+          line.removeBefore();
+          break;
+        case 'd':
+          line.removeAfter();
+          break;
+        case '$':
+          line.moveTo(line.length(), false);
+          break;
+        default:
+          line.insert(static_cast<char16_t>(key));
+      }
+    }
+    EXPECT_EQ(line.text(), row.text) << row.keys;
+    EXPECT_EQ(line.start(), row.start) << row.keys;
+    EXPECT_EQ(line.end(), row.end) << row.keys;
+  }
+}
+
+TEST(EditLine, KeepsSurrogatesTogether) {
+  EditLine line;
+  line.setText(u"a\U0001F600b");
+  line.moveTo(1, false);
+  line.stepRight(false);
+  EXPECT_EQ(line.caret(), 3);
+  line.stepLeft(true);
+  EXPECT_EQ(line.start(), 1);
+  line.moveTo(3, false);
+  line.removeBefore();
+  EXPECT_EQ(line.text(), u"ab");
+}
+
+TEST(EditLine, FindsWords) {
+  struct Row {
+    std::int32_t place;
+    std::int32_t start;
+    std::int32_t end;
+  };
+  const Row rows[] = {{-5, 0, 3}, {1, 0, 3}, {3, 3, 5}, {5, 5, 8}, {99, 5, 8}};
+  for (const Row& row : rows) {
+    EditLine line;
+    line.setText(u"one  two");
+    line.selectWord(row.place);
+    EXPECT_EQ(line.start(), row.start) << row.place;
+    EXPECT_EQ(line.end(), row.end) << row.place;
+  }
+  EditLine empty;
+  empty.selectWord(0);
+  EXPECT_EQ(empty.end(), 0);
+}
+
+TEST(HeadlessMenus, AnswerOnceAndOnlyWhatCanBePicked) {
+  const std::vector<PopupMenuItem> items = {{false, true, u"Cut", 1, {}},
+                                            {false, false, u"Copy", 2, {}},
+                                            {true, true, u"", 3, {}},
+                                            {false, true, u"More", 4, {{false, true, u"Sort", 5, {}}}},
+                                            {false, false, u"Off", 6, {{false, true, u"In", 7, {}}}}};
+  struct Row {
+    std::int32_t answer;
+    std::int32_t picked;
+  };
+  for (const Row& row :
+       {Row{1, 1}, Row{2, 0}, Row{3, 0}, Row{4, 0}, Row{5, 5}, Row{6, 0}, Row{7, 0}, Row{8, 0}}) {
+    HeadlessMenus menus;
+    menus.answerNext(row.answer);
+    EXPECT_EQ(menus.track(items), row.picked) << row.answer;
+    EXPECT_EQ(menus.track(items), 0);
+  }
+}
+
+TEST(KeyNames, GiveCodes) {
+  struct Row {
+    std::u16string_view name;
+    std::optional<std::int32_t> code;
+  };
+  const Row rows[] = {{u"Left", 37}, {u"pagedown", 34}, {u"Delete", 46}, {u"A", 65},    {u"z", 90},
+                      {u"0", 48},    {u"9", 57},        {u"10", 10},     {u"255", 255}, {u"256", {}},
+                      {u"1000", {}}, {u"F1", 112},      {u"f12", 123},   {u"F0", {}},   {u"F13", {}},
+                      {u"F", 70},    {u"", {}},         {u"-", {}},      {u"1x", {}},   {u"Fx", {}}};
+  for (const Row& row : rows) EXPECT_EQ(keyOfName(row.name), row.code) << XString(row.name).toUtf8();
+}
+
+// A list that is destroyed with its owner's first answer.
+class ListOwner : public ListBoxOwner {
+ public:
+  void listKeyDown(std::int32_t) override { told("down"); }
+  void listKeyDone(std::int32_t) override { told("done"); }
+  void listCharDone(char16_t) override { told("char"); }
+  void listClicked() override { told("clicked"); }
+  void listFocusLost() override { told("lost"); }
+
+  std::unique_ptr<ListBox> list;
+  std::string goesWith;
+  Lines lines;
+
+ private:
+  void told(const std::string& what) {
+    lines.push_back(what);
+    if (what == goesWith) list.reset();
+  }
+};
+
+class ListTest : public testing::Test {
+ protected:
+  void open(const std::string& goesWith = {}) {
+    owner.goesWith = goesWith;
+    owner.lines.clear();
+    owner.list = window.createListBox(owner);
+    list().setItems({u"apple", u"Apricot", u"banana", u"cherry", u"", u"avocado"});
+    list().place({10, 10, 90, 10 + 2 + 2 * list().itemHeight()});
+    list().show(true);
+    list().setFocus();
+  }
+  HeadlessListBox& list() { return *window.list(); }
+
+  HeadlessWindow window{{100, 100}, [](Canvas&) {}};
+  HeadlessInput input{window.desktop(), {}};
+  ListOwner owner;
+};
+
+TEST_F(ListTest, ChoosesByKeyAndCharacter) {
+  struct Row {
+    std::int32_t start;
+    std::int32_t key;  // 0: type `character`
+    char16_t character;
+    std::int32_t chosen;
+  };
+  const Row rows[] = {{-1, 40, 0, 0},  {5, 40, 0, 5},   {0, 38, 0, 0},    {-1, 38, 0, 0},
+                      {2, 36, 0, 0},   {2, 35, 0, 5},   {2, 34, 0, 3},    {2, 33, 0, 1},
+                      {-1, 34, 0, 1},  {2, 65, 0, 2},   {-1, 0, u'a', 0}, {0, 0, u'a', 1},
+                      {1, 0, u'A', 5}, {5, 0, u'a', 0}, {3, 0, u'x', 3},  {3, 0, u'c', 3}};
+  for (const Row& row : rows) {
+    open();
+    list().choose(row.start);
+    if (row.key) {
+      input.key(row.key, {});
+    } else {
+      input.character(row.character);
+    }
+    EXPECT_EQ(list().chosen(), row.chosen) << row.start << " " << row.key << " " << int{row.character};
+  }
+}
+
+TEST_F(ListTest, FollowsThePointer) {
+  open();
+  list().choose(3);
+  const std::int32_t height = list().itemHeight();
+  input.mouse(MouseAction::Move, {20, 11 + height}, {});
+  EXPECT_EQ(list().chosen(), 4);
+  input.wheel({20, 11}, 120);
+  input.mouse(MouseAction::Move, {20, 11}, {});
+  EXPECT_EQ(list().chosen(), 0);
+  input.mouse(MouseAction::Move, {95, 11 + height}, {});
+  EXPECT_EQ(list().chosen(), 0);
+  input.mouse(MouseAction::LeftDown, {20, 11 + height}, {});
+  EXPECT_EQ(list().chosen(), 1);
+  EXPECT_EQ(owner.lines, Lines{"clicked"});
+  list().setItems({});
+  input.mouse(MouseAction::Move, {20, 11}, {});
+  input.key(40, {});
+  input.character(u'a');
+  EXPECT_EQ(list().chosen(), -1);
+}
+
+TEST_F(ListTest, MayGoInEveryCall) {
+  open("down");
+  input.key(40, {});
+  EXPECT_EQ(owner.lines, Lines{"down"});
+  open("done");
+  input.key(40, {});
+  EXPECT_EQ(owner.lines, (Lines{"down", "done"}));
+  open("char");
+  input.character(u'a');
+  EXPECT_EQ(owner.lines, Lines{"char"});
+  open("clicked");
+  input.mouse(MouseAction::LeftDown, {20, 20}, {});
+  EXPECT_EQ(owner.lines, Lines{"clicked"});
+  open("lost");
+  input.focusOut();
+  EXPECT_EQ(owner.lines, Lines{"lost"});
+  EXPECT_EQ(window.desktop().focus.holder(), nullptr);
+  EXPECT_EQ(window.list(), nullptr);
+}
+
+TEST(HeadlessInput, SendsWhatAPlatformWouldSend) {
+  HeadlessWindow window({100, 100}, [](Canvas&) {});
+  Lines sent;
+  window.setMessageTarget([&](std::uint32_t message, std::uint64_t w, std::int64_t l) {
+    sent.push_back(std::to_string(message) + " " + std::to_string(w) + " " + std::to_string(l));
+    return true;
+  });
+  std::int32_t filtered = 0;
+  HeadlessInput input(window.desktop(), [&](std::int32_t& key) {
+    ++filtered;
+    if (key == 9) key = 255;
+    return key != 13;
+  });
+  const auto take = [&sent] { return std::exchange(sent, {}); };
+  input.mouse(MouseAction::Move, {3, 2}, {});
+  EXPECT_EQ(take(), (Lines{"32 0 33554433", "512 0 131075"}));
+  window.setCapture(true);
+  input.mouse(MouseAction::LeftDown, {-1, -2}, {true, true});
+  EXPECT_EQ(take(), Lines{"513 13 4294901759"});
+  EXPECT_EQ(window.pointer(), (Point{-1, -2}));
+  window.setCapture(false);
+  input.wheel({1, 1}, -120);
+  EXPECT_EQ(take(), Lines{"522 4287102976 65537"});
+  // Keys go nowhere, and past the filter, until the window has the focus.
+  input.key(65, {});
+  input.character(u'a');
+  EXPECT_TRUE(take().empty());
+  EXPECT_EQ(filtered, 0);
+  input.focusIn();
+  EXPECT_EQ(take(), Lines{"7 0 0"});
+  input.key(9, {});
+  input.key(13, {});
+  input.character(u'a');
+  EXPECT_EQ(take(), (Lines{"256 255 0", "257 9 0", "258 97 0"}));
+  window.startTimer(4, 20);
+  input.letPass(40);
+  EXPECT_EQ(take(), (Lines{"275 4 0", "275 4 0"}));
+  window.setEnabled(false);
+  input.focusIn();
+  input.mouse(MouseAction::LeftDown, {1, 1}, {});
+  EXPECT_EQ(take(), Lines{"8 0 0"});
+  window.setEnabled(true);
+  input.focusIn();
+  window.close();
+  input.letPass(40);
+  input.key(65, {});
+  input.mouse(MouseAction::Move, {1, 1}, {});
+  EXPECT_EQ(take(), Lines{"7 0 0"});
+}
+
+TEST(HeadlessWindow, KeepsTheThumbOnItsBar) {
+  HeadlessWindow window({100, 100}, [](Canvas&) {});
+  window.setBarRange(Bar::Vertical, {1, 10, 4, 1});
+  struct Row {
+    std::uint64_t word;
+    std::int32_t place;
+  };
+  const Row rows[] = {{5 | 3 << 16, 3}, {4 | 7 << 16, 7}, {5 | 8 << 16, 7},
+                      {5, 1},           {4 | 6 << 16, 6}, {1 | 2 << 16, 6}};
+  for (const Row& row : rows) {
+    window.send(277, row.word, 0);
+    EXPECT_EQ(window.trackingPosition(Bar::Vertical), row.place) << row.word;
+  }
+  window.setBarRange(Bar::Horizontal, {1, 5, 9, 1});
+  window.send(276, 5 | std::uint64_t{4} << 16, 0);
+  EXPECT_EQ(window.trackingPosition(Bar::Horizontal), 1);
+}
+
+}  // namespace
+}  // namespace tessera
