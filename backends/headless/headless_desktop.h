@@ -30,6 +30,7 @@ struct HeadlessDesktop {
 
   HeadlessWindow* window = nullptr;  // null while there is none
   KeyboardFocus focus;
+  bool keysToGrid = false;  // a key is on its way to the grid's window although nobody has the focus
   Modifiers modifiers;
   Point pointer;          // screen pixels
   bool captured = false;  // the window gets the mouse wherever the pointer is

@@ -39,6 +39,19 @@ class HeldKeys {
   Modifiers saved_;
 };
 
+// While no window has the focus, a key that somebody sends all the same is the grid's: a script need not care
+// for the focus. The grid is not told that it has it.
+class KeysToGrid {
+ public:
+  explicit KeysToGrid(HeadlessDesktop& desktop) : desktop_(desktop) { desktop_.keysToGrid = true; }
+  ~KeysToGrid() { desktop_.keysToGrid = false; }
+  KeysToGrid(const KeysToGrid&) = delete;
+  KeysToGrid& operator=(const KeysToGrid&) = delete;
+
+ private:
+  HeadlessDesktop& desktop_;
+};
+
 }  // namespace
 
 HeadlessListBox* HeadlessInput::listUnderPointer() const {
@@ -100,7 +113,8 @@ void HeadlessInput::wheel(Point client, std::int32_t delta) {
 
 void HeadlessInput::key(std::int32_t key, Modifiers modifiers) {
   const HeldKeys held(desktop_.modifiers, modifiers);
-  if (!desktop_.window || !hasFocus()) return;
+  if (!desktop_.window || (!hasFocus() && !desktop_.window->enabled())) return;
+  const KeysToGrid toGrid(desktop_);
   std::int32_t sent = key;
   if (filter_ && !filter_(sent)) return;
   pressKey(sent);

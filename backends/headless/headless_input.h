@@ -35,8 +35,8 @@ class HeadlessInput {
   // Points in client pixels. An open list and an open edit box take what happens over them.
   void mouse(MouseAction action, Point client, Modifiers modifiers);
   void wheel(Point client, std::int32_t delta);
-  // A press and its release. Nobody gets a key while the focus is elsewhere; nor a character, except that
-  // Backspace does in the edit box what its character does.
+  // A press and its release, to the window with the focus; to the grid while none of them has it. Backspace
+  // does in the edit box what its character does.
   void key(std::int32_t key, Modifiers modifiers);
   void character(char16_t character);
   void focusIn();

@@ -93,7 +93,10 @@ class HeadlessWindow : public Window, public FocusHolder {
   void enableBar(Bar bar, bool enabled) override;
   // The place that the last message of the thumb brought; the thumb never leaves its bar.
   std::int32_t trackingPosition(Bar bar) const override;
-  bool hasFocus() const override { return desktop_->focus.holder() == this; }
+  bool hasFocus() const override {
+    const FocusHolder* holder = desktop_->focus.holder();
+    return holder == this || (!holder && desktop_->keysToGrid);
+  }
   void setCapture(bool captured) override { desktop_->captured = captured; }
   void setCursor(Cursor cursor) override { desktop_->cursor = cursor; }
   Modifiers modifiers() const override { return desktop_->modifiers; }

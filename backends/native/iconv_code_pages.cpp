@@ -1,9 +1,8 @@
 #include "backends/native/iconv_code_pages.h"
 
-#include <iconv.h>
-
 #include <array>
 #include <cerrno>
+#include <iconv.h>
 
 #include "shared/utf.h"
 

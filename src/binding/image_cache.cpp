@@ -12,7 +12,8 @@ std::shared_ptr<PictureSource> ImageCache::sourceOf(const DataLink& link) {
   return std::dynamic_pointer_cast<PictureSource>(link.holdImageSet());
 }
 
-// The components may call back into the grid, even to rebuild the columns: what is needed of them is copied first.
+// The components may call back into the grid, even to rebuild the columns: what is needed of them is copied
+// first.
 void ImageCache::ReloadImages(const ColumnList& columns, const DataLink& link) {
   const auto source = sourceOf(link);
   if (!source) return;

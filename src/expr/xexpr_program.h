@@ -14,9 +14,9 @@ class XExprProgram {
  public:
   virtual ~XExprProgram() = default;
 
-  // Runs for state.ExprRow. The value belongs to the state and stands until the state's next run. Null when the
-  // run ended in an error: there is no value, state.error tells why, and the caller goes on with what it would
-  // show without the expression.
+  // Runs for state.ExprRow. The value belongs to the state and stands until the state's next run. Null when
+  // the run ended in an error: there is no value, state.error tells why, and the caller goes on with what it
+  // would show without the expression.
   virtual const XValue* evaluate(EvalState& state) const = 0;
 };
 

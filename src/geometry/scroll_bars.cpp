@@ -7,8 +7,8 @@ namespace tessera {
 
 namespace {
 
-// Pulls columns back in, whole ones at a time, while the room at the right is wider than the last hidden one. The
-// result is the right edge of all scrolled columns as it was last seen, 0 when nothing is scrolled.
+// Pulls columns back in, whole ones at a time, while the room at the right is wider than the last hidden one.
+// The result is the right edge of all scrolled columns as it was last seen, 0 when nothing is scrolled.
 std::int32_t closeGapAtRight(ColumnScroll& scroll) {
   std::int32_t lastRight = 0;
   while (scroll.page.ColumnStop >= 2) {

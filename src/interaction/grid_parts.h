@@ -19,8 +19,8 @@
 
 namespace tessera {
 
-// Owned by the control. The controllers and the control work on it; everything below takes just the parts that
-// it needs.
+// Owned by the control. The controllers and the control work on it; everything below takes just the parts
+// that it needs.
 struct GridParts {
   DataLink link;  // first, so that the components are let go of last
   GridSettings settings;
@@ -35,7 +35,7 @@ struct GridParts {
   ExpressionEngine expressions;
   EvalState eval;
   std::uint64_t generation = 0;  // raised whenever columns or rows are made anew
-  Window* window = nullptr;  // between the window's creation and its destruction
+  Window* window = nullptr;      // between the window's creation and its destruction
 
   GridFrame frame() const {
     Size client;

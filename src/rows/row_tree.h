@@ -22,8 +22,8 @@ class RowTree {
   void reset();
   // Rows 1 to `count`. Costs nothing a row.
   void buildPlain(std::int32_t count);
-  // A plain tree grows or shrinks at its end; numbers stay dense. Nodes behind the end keep their address, but
-  // no walk or search meets them any more.
+  // A plain tree grows or shrinks at its end; numbers stay dense. Nodes behind the end keep their address,
+  // but no walk or search meets them any more.
   void setPlainCount(std::int32_t count);
 
   // The node of a dataset row, null when the tree has none.

@@ -36,8 +36,8 @@ class GridServices {
   virtual void Repaint(const Rect* area) = 0;
   // Fires OnError with the code and its text.
   virtual void ReportError(ErrorCode code) = 0;
-  // Fires an event at all listeners. ask() is true unless the last answer is a VT_BOOL that says false; fire()
-  // gives the last answer, VT_EMPTY without one.
+  // Fires an event at all listeners. ask() is true unless the last answer is a VT_BOOL that says false;
+  // fire() gives the last answer, VT_EMPTY without one.
   virtual XValue fire(EventId id, std::span<const XValue> arguments) = 0;
   virtual bool ask(EventId id, std::span<const XValue> arguments) = 0;
   // Raised whenever columns or rows are made anew: whoever lets the host run and then finds another number

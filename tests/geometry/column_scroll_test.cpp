@@ -53,7 +53,8 @@ constexpr const char* fiveColumns =
 
 TEST(ColumnScroll, StepsColumnByColumnUntilTheLastOneShows) {
   ScrollFixture f(fiveColumns, 250);
-  EXPECT_EQ(f.window.bars[Bar::Horizontal].maximum, 4);  // 1 + the three stops after which e ends inside the view
+  EXPECT_EQ(f.window.bars[Bar::Horizontal].maximum,
+            4);  // 1 + the three stops after which e ends inside the view
   f.focus.FocusColumn = f.columns.head();
   EXPECT_EQ(f.scroll().StepRight(), 100);
   EXPECT_EQ(headersOf(f.columns), "a:-100-0 b:0-100 c:100-200 d:200-300 e:300-400");
@@ -143,7 +144,8 @@ TEST(ScrollBars, HorizontalBarFollowsTheColumns) {
   }
 }
 
-// Of two columns with one left the first one counts, but a page that is scrolled has seen how far they all reach.
+// Of two columns with one left the first one counts, but a page that is scrolled has seen how far they all
+// reach.
 TEST(ScrollBars, ScrolledPageKnowsTheWidestColumn) {
   ScrollFixture f("a 0 100 0 20\nb 100 200 0 20\nc 200 250 0 20\nwide 200 500 20 40", 150);
   f.scroll().StepRight();

@@ -22,7 +22,8 @@ TEST(IconvCodePages, NarrowTexts) {
       {4711, u"\u00E9", "\xC3\xA9"},
       {-3, u"x", "x"},
   };
-  for (const Case& c : cases) EXPECT_EQ(IconvCodePages().toNarrow(c.codePage, c.text), c.narrow) << c.codePage;
+  for (const Case& c : cases)
+    EXPECT_EQ(IconvCodePages().toNarrow(c.codePage, c.text), c.narrow) << c.codePage;
   const std::u16string longText(1000, u'\uAC00');
   EXPECT_EQ(IconvCodePages().toNarrow(949, longText).size(), 2000u);
 }
