@@ -8,7 +8,7 @@
 
 #include "backends/native/xml_document_reader.h"
 #include "config/info_services.h"
-#include "null_data_set.h"
+#include "tests/support/null_data_set.h"
 
 namespace tessera {
 
