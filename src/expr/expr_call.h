@@ -146,6 +146,8 @@ class ExprCall {
   // Asks the host: read(result). A host that fails leaves the empty value of the instruction's type.
   template <class Read>
   const XValue* giveFromHost(Read read) {
+    own_->setEmpty();  // slots are shared by programs: a host that writes nothing must not show what was
+                       // there
     if (!succeeded(read(*own_))) clearOwn();
     return own_;
   }
