@@ -129,7 +129,7 @@ std::int32_t GridExpressionHost::ColumnIndex(const XString& name) const {
 }
 
 HResult GridExpressionHost::ColumnValue(std::int32_t row, std::int32_t column, XValue& result) const {
-  DataSetControl* rows = link_.dataSet();
+  const auto rows = link_.holdDataSet();  // a data set may let go of itself while it is asked
   if (!rows) return E_NOTIMPL;
   rows->GetValue(row, column, result);
   if (result.type() == VT_I4 || result.type() == VT_I8) {
