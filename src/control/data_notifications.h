@@ -5,8 +5,8 @@
 #include <functional>
 
 #include "binding/data_client.h"
-#include "control/grid_parts.h"
 #include "interaction/editor_controller.h"
+#include "interaction/grid_parts.h"
 #include "shared/grid_services.h"
 
 namespace tessera {

@@ -5,7 +5,7 @@
 #include <tessera/hosting.h>
 
 #include "config/info_services.h"
-#include "control/grid_parts.h"
+#include "interaction/grid_parts.h"
 #include "shared/grid_services.h"
 
 namespace tessera {
