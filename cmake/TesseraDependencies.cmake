@@ -15,6 +15,9 @@ pkg_check_modules(pixbuf REQUIRED IMPORTED_TARGET gdk-pixbuf-2.0)
 pkg_check_modules(curl REQUIRED IMPORTED_TARGET libcurl)
 pkg_check_modules(sqlite REQUIRED IMPORTED_TARGET sqlite3)
 
+if(TESSERA_QT)
+  find_package(Qt6 REQUIRED COMPONENTS Widgets)
+endif()
 if(TESSERA_BENCH)
   find_package(benchmark REQUIRED)
   find_package(Qt6 QUIET COMPONENTS Widgets)  # the peer that painting is measured against
