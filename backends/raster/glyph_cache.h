@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "backends/raster/pixels.h"
+#include "backends/raster/coverage_mask.h"
 
 namespace tessera {
 
@@ -37,7 +37,7 @@ class GlyphCache {
   // Valid until the next call.
   CoverageMask mask(Glyph& glyph) {
     if (glyph.generation != generation_) load(glyph);
-    return {bytes_.data() + glyph.pixelStart, glyph.width, glyph.height};
+    return {bytes_.data() + glyph.pixelStart, glyph.width, glyph.height, CoverageMask::strideOf(glyph.width)};
   }
 
   // Counts entries of tables that belong to this cache's fonts, so that their owner can keep a bound.

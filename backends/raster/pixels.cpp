@@ -28,15 +28,10 @@ void invertColumn(const Pixels& target, const Rect& visible, const Rect& area, s
   }
 }
 
-// A coverage of 255 weighs 256, so that it replaces the pixel. Without a branch for the frequent 0 and 255:
-// guessing wrong costs more than the multiplication.
-void blendMaskRow(std::uint32_t* to, const std::uint8_t* coverage, std::int64_t count, std::uint64_t over) {
-  for (std::int64_t i = 0; i < count; ++i) {
-    const std::uint64_t weight = coverage[i] + (coverage[i] >> 7);
-    const std::uint64_t under = spread(to[i]);
-    // under * (256 - weight) + over * weight; every lane of the sum fits, whatever its parts borrow.
-    to[i] = gather(((under << 8) + (over - under) * weight) >> 8 & lowBytes);
-  }
+// The sides of cells: too little for pixman's set-up to pay.
+void fillColumn(const Pixels& target, const Rect& visible, std::uint32_t pixel) {
+  std::uint32_t* place = target.at(visible.left, visible.top);
+  for (std::int32_t rows = visible.height(); rows > 0; --rows, place += target.stride) *place = pixel;
 }
 
 }  // namespace
@@ -44,6 +39,7 @@ void blendMaskRow(std::uint32_t* to, const std::uint8_t* coverage, std::int64_t 
 void fillPixels(const Pixels& target, const Rect& area, ColorRef color) {
   const Rect visible = intersect(area, target.bounds());
   if (visible.empty()) return;
+  if (visible.width() == 1) return fillColumn(target, visible, pixelOf(color));
   pixman_fill(target.bits, static_cast<int>(target.stride), 32, visible.left, visible.top, visible.width(),
               visible.height(), pixelOf(color));
 }
@@ -70,19 +66,6 @@ void invertDottedBorder(const Pixels& target, const Rect& area) {
   if (area.bottom - 1 != area.top) invertRow(target, visible, area, area.bottom - 1);
   invertColumn(target, visible, area, area.left);
   if (area.right - 1 != area.left) invertColumn(target, visible, area, area.right - 1);
-}
-
-void blendMask(const Pixels& target, const Rect& clip, std::int64_t x, std::int64_t y,
-               const CoverageMask& mask, ColorRef color) {
-  const std::int64_t left = std::max<std::int64_t>(x, clip.left);
-  const std::int64_t right = std::min<std::int64_t>(x + mask.width, clip.right);
-  const std::int64_t top = std::max<std::int64_t>(y, clip.top);
-  const std::int64_t bottom = std::min<std::int64_t>(y + mask.height, clip.bottom);
-  if (left >= right) return;
-  const std::uint64_t over = spread(pixelOf(color));
-  for (std::int64_t row = top; row < bottom; ++row) {
-    blendMaskRow(target.at(left, row), mask.bytes + (row - y) * mask.width + (left - x), right - left, over);
-  }
 }
 
 }  // namespace tessera

@@ -34,14 +34,4 @@ void blendPixels(const Pixels& target, const Rect& area, ColorRef color, std::ui
 // again restores the surface.
 void invertDottedBorder(const Pixels& target, const Rect& area);
 
-// `color` through a coverage mask of `width` by `height` bytes whose top left pixel is at (x, y), cut to
-// `clip`, which must lie inside the surface. Coverage 0 leaves a pixel, 255 replaces it.
-struct CoverageMask {
-  const std::uint8_t* bytes = nullptr;
-  std::int32_t width = 0;
-  std::int32_t height = 0;
-};
-void blendMask(const Pixels& target, const Rect& clip, std::int64_t x, std::int64_t y,
-               const CoverageMask& mask, ColorRef color);
-
 }  // namespace tessera

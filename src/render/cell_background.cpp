@@ -99,7 +99,8 @@ void paintBackground(const DrawTarget& target, const DrawStyle& style, const Rec
   const bool cut = whole.left < clipLeft;
   const Rect rect{cut ? clipLeft : whole.left, whole.top, whole.right, whole.bottom};
   if (style.imageMode == image_mode::solid) {
-    target.canvas.fill(rect, backColorOf(target, style));
+    const ColorRef color = backColorOf(target, style);
+    if (target.ground != color) target.canvas.fill(rect, color);
   } else if ((style.imageMode & image_mode::blended) != 0) {
     blendedFill(target.canvas, style, rect, style.backColor);
   } else if ((style.imageMode & image_mode::placed) != 0) {

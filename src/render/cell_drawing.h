@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
 
 #include "platform/canvas.h"
@@ -14,6 +15,8 @@ namespace tessera {
 struct DrawTarget {
   Canvas& canvas;
   EvalState& eval;
+  // The colour that all of the cell's area has already: filling it once more would change nothing.
+  std::optional<ColorRef> ground = {};
 };
 
 // Background, border, a single line of text and the sort glyph. Nothing left of `clipLeft` is touched: the

@@ -9,9 +9,10 @@ namespace {
 // Goes down the page for one column.
 class ColumnPainter {
  public:
-  ColumnPainter(const PaintContext& context, const ColumnRecord& column)
+  ColumnPainter(const PaintContext& context, const ColumnRecord& column, std::optional<ColorRef> ground)
       : context_(context),
         column_(column),
+        ground_(ground),
         frame_(context.model.frame),
         columnIndex_(context.model.link.columnIndex(column.refColumnId)),
         clipLeft_(context.clipLeft(column)),
@@ -45,7 +46,7 @@ class ColumnPainter {
     XString& text = context_.scratch.cellText;
     const CellSpan span = CellTextAndSpan(context_.texts(), column_, node.row, index,
                                           {frame_.rowHeight, spans ? rowsLeft : 1}, text);
-    CellJob job{column_, node, rowRect(), clipLeft_, text};
+    CellJob job{column_, node, rowRect(), clipLeft_, text, ground_};
     if (isTree_) {
       paintTreeCell(context_, job, span.level);
       return 1;
@@ -99,6 +100,7 @@ class ColumnPainter {
 
   const PaintContext& context_;
   const ColumnRecord& column_;
+  std::optional<ColorRef> ground_;
   const GridFrame& frame_;
   std::int32_t columnIndex_;
   std::int32_t clipLeft_;
@@ -109,9 +111,10 @@ class ColumnPainter {
 
 }  // namespace
 
-void paintColumnCells(const PaintContext& context, const ColumnRecord& column) {
+void paintColumnCells(const PaintContext& context, const ColumnRecord& column,
+                      std::optional<ColorRef> ground) {
   if (context.model.frame.rowHeight <= 0) return;
-  ColumnPainter(context, column).paint();
+  ColumnPainter(context, column, ground).paint();
 }
 
 }  // namespace tessera

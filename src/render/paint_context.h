@@ -45,6 +45,7 @@ struct CellJob {
   Rect rect;
   std::int32_t clipLeft = 0;
   std::u16string_view text;
+  std::optional<ColorRef> ground = {};  // as DrawTarget says
 };
 
 }  // namespace tessera

@@ -12,16 +12,19 @@
 namespace tessera {
 namespace {
 
-void fillBackground(const PaintContext& context, Canvas& canvas) {
+// Gives the colour that the whole client area then has.
+ColorRef fillBackground(const PaintContext& context, Canvas& canvas) {
   const PaintModel& model = context.model;
   const GridFrame& frame = model.frame;
   const BackgroundRecord& background = model.config.background;
-  canvas.fill({0, 0, frame.client.width, frame.client.height}, background.effectiveBackColor(model.eval));
+  const ColorRef color = background.effectiveBackColor(model.eval);
+  canvas.fill({0, 0, frame.client.width, frame.client.height}, color);
   std::int32_t right = 0;
   for (const ColumnRecord& column : model.config.columns) right = std::max(right, column.view.rect.right);
   const Rect table{frame.indicatorWidth, frame.headerBand, std::min(right, frame.client.width),
                    frame.client.height};
-  drawCell({canvas, model.eval}, DrawStyle(background), table, {}, 0);
+  drawCell({canvas, model.eval, color}, DrawStyle(background), table, {}, 0);
+  return color;
 }
 
 // Over a background image cells are blended: the image must lie under a band, and not the row that reaches
@@ -44,10 +47,49 @@ bool reachesIn(const PaintContext& context, const ColumnRecord& column) {
   return !outside(column.header.rect) || !outside(column.view.rect);
 }
 
-void paintRows(const PaintContext& context) {
+// Follows what the columns paint, from left to right as most grids have them: cells beside all that is
+// painted already stand on the background's own colour and need not fill it again.
+class Ground {
+ public:
+  // `color` is the client area's.
+  Ground(const PaintContext& context, ColorRef color) : context_(context) {
+    const BackgroundRecord& background = context.model.config.background;
+    if (background.imageMode == image_mode::solid && background.borderStyle == border::none) color_ = color;
+  }
+
+  // To be asked once a column, in the order of painting.
+  std::optional<ColorRef> under(const ColumnRecord& column) {
+    const Rect& view = column.view.rect;
+    const bool inside = staysInside(column);
+    const bool clean = inside && std::max(view.left, context_.clipLeft(column)) >= paintedTo_;
+    paintedTo_ = inside ? std::max(paintedTo_, view.right) : INT32_MAX;
+    return clean ? color_ : std::nullopt;
+  }
+
+ private:
+  // Whether no cell of the column leaves a mark beyond its own rectangle, but for the border line that it
+  // shares with its left and upper neighbour, nor meets another cell of the column.
+  bool staysInside(const ColumnRecord& column) const {
+    const auto& view = column.view;
+    const bool isText = column.child.type == CellKind::None || column.child.type == CellKind::Edit ||
+                        column.child.type == CellKind::Combo || column.child.type == CellKind::Lookup;
+    return isText && !column.hasTree && column.groups.empty() && view.sortMark == 0 &&
+           std::min({view.leftMargin, view.topMargin, view.rightMargin, view.bottomMargin}) >= 0 &&
+           view.rect.top >= 0 && view.rect.bottom <= context_.model.frame.rowHeight;
+  }
+
+  const PaintContext& context_;
+  std::optional<ColorRef> color_;
+  std::int32_t paintedTo_ = INT32_MIN;  // nothing is painted from here on
+};
+
+// `ground` is the colour of the client area.
+void paintRows(const PaintContext& context, ColorRef ground) {
   if (!context.model.link.dataSet()) return;
+  Ground tracker(context, ground);
   for (const ColumnRecord& column : context.model.config.columns) {
-    if (column.viewVisible && reachesIn(context, column)) paintColumnCells(context, column);
+    if (!column.viewVisible || !reachesIn(context, column)) continue;
+    paintColumnCells(context, column, tracker.under(column));
   }
 }
 
@@ -90,8 +132,7 @@ PaintResult PaintPipeline::paint(Canvas& canvas, const PaintModel& model) {
   const PaintContext context{canvas, model, scratch_};
   markSelectedRows(context);
   const std::int32_t backgroundRow = model.eval.ExprRow;
-  fillBackground(context, canvas);
-  paintRows(context);
+  paintRows(context, fillBackground(context, canvas));
   paintHeaderBand(context);
   paintSummaryBand(context, backgroundRow);
   paintIndicator(context);

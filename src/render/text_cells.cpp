@@ -11,7 +11,7 @@ bool isFocusCell(const PaintContext& context, const CellJob& job) {
 void paintTextCell(const PaintContext& context, const CellJob& job, bool hasButton) {
   DrawStyle style(job.column.view);
   if (hasButton) style.rightMargin = addClamped(style.rightMargin, buttonRoom);
-  drawCell(context.target(), style, job.rect, job.text, job.clipLeft);
+  drawCell({context.canvas, context.model.eval, job.ground}, style, job.rect, job.text, job.clipLeft);
 }
 
 }  // namespace

@@ -16,13 +16,14 @@ class CellPainters : public PaintFixture {
     settings.FocusRect = false;
     settings.SelectedColorRate = 0;
     column.view.borderStyle = border::none;
+    config.background.backColor = rgb(0, 0, 9);  // not the cells' colour, so that they fill themselves
   }
 
   void show(const char16_t* value, const char16_t* other = u"") { bind({u"V", u"L"}, {{value, other}}); }
   // The cell's own lines: what a paint does behind its background.
   Lines cellLines() {
     Lines lines = paintFrom("fill 0,0,");
-    lines.erase(lines.begin(), lines.begin() + std::min<std::ptrdiff_t>(2, std::ssize(lines)));
+    if (!lines.empty()) lines.erase(lines.begin());
     return lines;
   }
   void useMarks(CellKind kind) {
