@@ -6,9 +6,22 @@
 
 namespace tessera {
 
+namespace {
+
+std::u16string lowerCase(std::u16string_view name) {
+  std::u16string lower(name);
+  for (char16_t& unit : lower) {
+    if (unit >= u'A' && unit <= u'Z') unit = static_cast<char16_t>(unit - u'A' + u'a');
+  }
+  return lower;
+}
+
+}  // namespace
+
 void ColumnStore::addColumn(ColumnFormat format, bool hidden) {
   assert(hidden || visible_ == allColumnCount());
   if (!hidden) {
+    lowerNames_.emplace(lowerCase(format.name.view()), visible_);
     const bool fresh = names_.emplace(std::u16string(format.name.view()), visible_++).second;
     assert(fresh);
     static_cast<void>(fresh);
@@ -17,8 +30,9 @@ void ColumnStore::addColumn(ColumnFormat format, bool hidden) {
 }
 
 std::int32_t ColumnStore::find(std::u16string_view name) const {
-  const auto found = names_.find(name);
-  return found == names_.end() ? -1 : found->second;
+  if (const auto found = names_.find(name); found != names_.end()) return found->second;
+  const auto found = lowerNames_.find(lowerCase(name));
+  return found == lowerNames_.end() ? -1 : found->second;
 }
 
 std::int32_t ColumnStore::newRecord() {

@@ -28,7 +28,8 @@ class ColumnStore {
   std::int32_t allColumnCount() const { return static_cast<std::int32_t>(columns_.size()); }
   Column& column(std::int32_t index) { return columns_[static_cast<std::size_t>(index)]; }
   const Column& column(std::int32_t index) const { return columns_[static_cast<std::size_t>(index)]; }
-  // The column's index, -1 when no visible column has the name.
+  // The index of the visible column of this name, else of the first one whose name differs in ASCII case
+  // only; -1 when there is none.
   std::int32_t find(std::u16string_view name) const;
 
   std::int32_t recordCount() const { return records_; }
@@ -48,7 +49,9 @@ class ColumnStore {
   };
 
   std::vector<Column> columns_;
-  std::unordered_map<std::u16string, std::int32_t, NameHash, std::equal_to<>> names_;
+  using Names = std::unordered_map<std::u16string, std::int32_t, NameHash, std::equal_to<>>;
+  Names names_;
+  Names lowerNames_;
   std::vector<std::int32_t> released_;
   std::int32_t visible_ = 0;
   std::int32_t records_ = 0;

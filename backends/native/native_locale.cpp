@@ -48,6 +48,17 @@ class OpenLocale {
   locale_t locale_;
 };
 
+const char* plainPattern(DateOrder order) {
+  switch (order) {
+    case DateOrder::YearMonthDay:
+      return "%Y-%m-%d";
+    case DateOrder::DayMonthYear:
+      return "%d/%m/%Y";
+    default:
+      return "%m/%d/%Y";
+  }
+}
+
 template <class Words>
 Words readWords(const OpenLocale& locale) {
   Words words;
@@ -74,6 +85,7 @@ NativeLocale::NativeLocale(const std::string& user, const std::string& system) {
   user_ = readWords<Words>(userLocale);
   system_ = readWords<Words>(OpenLocale(system));
   order_ = dateOrderOf(userLocale.datePattern());
+  pattern_ = XString::fromNarrow(numericDatePattern(userLocale.datePattern()));
 }
 
 XString NativeLocale::weekdayName(LocaleOwner owner, std::int32_t weekday) const {
@@ -91,6 +103,21 @@ DateOrder dateOrderOf(std::string_view pattern) {
     if (field == 'm' || field == 'D') return DateOrder::MonthDayYear;
   }
   return DateOrder::MonthDayYear;
+}
+
+std::string numericDatePattern(std::string_view pattern) {
+  static constexpr std::pair<std::string_view, std::string_view> fields[] = {
+      {"%y", "%Y"}, {"%Y", "%Y"}, {"%m", "%m"}, {"%d", "%d"}, {"%e", "%d"}};
+  std::string numeric;
+  for (std::size_t at = 0; at < pattern.size();) {
+    const auto field = std::find_if(std::begin(fields), std::end(fields),
+                                    [&](const auto& known) { return pattern.substr(at, 2) == known.first; });
+    const bool isSeparator = std::string_view("./- ").find(pattern[at]) != std::string_view::npos;
+    if (field == std::end(fields) && !isSeparator) return plainPattern(dateOrderOf(pattern));
+    numeric += field == std::end(fields) ? pattern.substr(at, 1) : field->second;
+    at += isSeparator ? 1 : 2;
+  }
+  return numeric.empty() ? plainPattern(DateOrder::MonthDayYear) : numeric;
 }
 
 }  // namespace tessera

@@ -20,6 +20,7 @@ class NativeLocale : public Locale {
   XString weekdayName(LocaleOwner owner, std::int32_t weekday) const override;
   XString monthName(LocaleOwner owner, std::int32_t month) const override;
   DateOrder dateOrder() const override { return order_; }
+  XString datePattern() const override { return pattern_; }
 
  private:
   struct Words {
@@ -31,9 +32,14 @@ class NativeLocale : public Locale {
   Words user_;
   Words system_;
   DateOrder order_ = DateOrder::MonthDayYear;
+  XString pattern_;
 };
 
 // In which order a strftime pattern such as "%d.%m.%Y" has its fields.
 DateOrder dateOrderOf(std::string_view pattern);
+
+// The pattern with years of four digits, days and months of two; the order's own one with slashes (or hyphens
+// behind a year) when it has anything but numbers in it.
+std::string numericDatePattern(std::string_view pattern);
 
 }  // namespace tessera

@@ -99,12 +99,14 @@ CodeGenerator::Place CodeGenerator::call(const ExprTree::Operand& call) {
 
 CodeGenerator::Place CodeGenerator::argument(const XExprFunction& function, const ExprTree::Operand& call,
                                              std::size_t index) {
-  const XExprParameter& parameter = function.parameter(index);
   const ExprTree::Id written = call.arguments[index];
+  const bool isSurplus = !function.isVariadic() && index >= static_cast<std::size_t>(function.maxArguments);
+  if (isSurplus) return operand(written);
+  const XExprParameter& parameter = function.parameter(index);
   const Place place = written == ExprTree::none
                           ? literal(parameter.type, XString::fromNarrow(parameter.defaultText))
                           : operand(written);
-  if (function.isVariadic() || index >= static_cast<std::size_t>(function.maxArguments)) return place;
+  if (function.isVariadic()) return place;
   if (place.type != parameter.type && place.type != ExprType::Any && parameter.type != ExprType::Any) {
     errors_.report(ExprErrorCode::ArgumentType, function.name, static_cast<std::int32_t>(index + 1));
   }

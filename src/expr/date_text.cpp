@@ -181,6 +181,15 @@ std::optional<double> parseDateText(const XExprContext& context, std::u16string_
   return reader.done() ? dateNumber(time) : std::nullopt;
 }
 
+XString userDateText(const XExprContext& context, double dateNumber) {
+  const auto time = calendarTime(dateNumber);
+  if (!time) return {};
+  XString text = formatTime(context, LocaleOwner::User, localeOf(context).datePattern(), *time);
+  if (time->hour == 0 && time->minute == 0 && time->second == 0) return text;
+  text += formatTime(context, LocaleOwner::User, u" %H:%M:%S", *time);
+  return text;
+}
+
 XString formatTime(const XExprContext& context, LocaleOwner owner, std::u16string_view pattern,
                    const CalendarTime& time) {
   XString text;

@@ -12,6 +12,7 @@ class EnglishLocale : public Locale {
   XString weekdayName(LocaleOwner owner, std::int32_t weekday) const override;
   XString monthName(LocaleOwner owner, std::int32_t month) const override;
   DateOrder dateOrder() const override { return DateOrder::MonthDayYear; }
+  XString datePattern() const override { return u"%m/%d/%Y"; }
 };
 
 }  // namespace tessera

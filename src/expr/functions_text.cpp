@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "expr/ascii.h"
+#include "expr/date_text.h"
 #include "expr/function_handlers.h"
 #include "shared/change_type.h"
 
@@ -45,14 +46,14 @@ const XValue* testFirst(ExprCall& call, Fits fits) {
 }
 
 // The value as padding takes it: by its type at run time.
-XString paddedText(const XValue& value) {
+XString paddedText(const XExprContext& context, const XValue& value) {
   XString text;
   switch (value.type()) {
     case VT_R8:
       text.format("%.0f", value.asDouble());
       return text;
     case VT_DATE:
-      return textOf(value);
+      return userDateText(context, value.asDouble());
     case VT_BSTR:
       return value.asText();
     case VT_BOOL:
@@ -75,7 +76,7 @@ template <class Pad>
 const XValue* padded(ExprCall& call, Pad pad) {
   const ExprText padding = call.text(2);
   if (padding.length() == 0) return call.failArguments();
-  const XString text = paddedText(call.value(0));
+  const XString text = paddedText(call.context(), call.value(0));
   const std::int64_t width = call.integer(1);
   if (width <= text.length()) return call.giveText(firstOf(text, width));
   return pad(text.view(), padding.view(), width);

@@ -25,7 +25,7 @@ class Parser {
   using Id = ExprTree::Id;
   static constexpr Id none = ExprTree::none;
   // Chains, parentheses and arguments that may stand in each other.
-  static constexpr std::int32_t maxDepth = 256;
+  static constexpr std::int32_t maxDepth = 1000;
 
   struct Chain {
     std::int32_t limit;  // priority of the operator before; a tighter one opens a nested chain

@@ -21,6 +21,8 @@ class Locale {
   virtual XString monthName(LocaleOwner owner, std::int32_t month) const = 0;      // 1 to 12
   // In which order the user writes a date of numbers.
   virtual DateOrder dateOrder() const = 0;
+  // How: %d, %m and %Y in that order, with what stands between them.
+  virtual XString datePattern() const = 0;
 };
 
 }  // namespace tessera

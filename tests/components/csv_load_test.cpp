@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <gtest/gtest.h>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -116,6 +117,32 @@ TEST(CsvLoad, FaultsNameFileLineAndReason) {
     const auto loaded = loadCsv(path, c.fields);
     ASSERT_FALSE(loaded) << c.csv;
     EXPECT_EQ(loaded.error().message(), path + c.expected);
+  }
+}
+
+// Both readings are told of, with bytes that only grow up to the end; a refusal ends either of them.
+TEST(CsvLoad, TellsHowFarItIsAndStops) {
+  const TempFolder folder;
+  std::string text = "a,b\n";
+  while (text.size() < (std::size_t{5} << 20)) text += "12345,some words that fill a block\n";
+  const std::string path = folder.write("long.csv", text);
+  std::vector<std::int64_t> told;
+  std::int64_t stopAt = std::numeric_limits<std::int64_t>::max();
+  const LoadProgress progress = [&](std::int64_t done, std::int64_t total) {
+    EXPECT_EQ(total, 2 * static_cast<std::int64_t>(text.size()));
+    told.push_back(done);
+    return done < stopAt;
+  };
+  ASSERT_TRUE(loadCsv(path, {}, progress));
+  EXPECT_GE(told.size(), 10u);
+  EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
+  EXPECT_EQ(told.back(), 2 * static_cast<std::int64_t>(text.size()));
+  for (const double part : {0.2, 0.8}) {
+    stopAt = static_cast<std::int64_t>(2 * part * static_cast<double>(text.size()));
+    const auto loaded = loadCsv(path, {}, progress);
+    ASSERT_FALSE(loaded);
+    EXPECT_EQ(loaded.error().message(), path + ": " + cancelledReason);
+    EXPECT_LT(told.back(), stopAt + (std::int64_t{2} << 20));
   }
 }
 

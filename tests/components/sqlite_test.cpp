@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "components/data_set_fixture.h"
@@ -90,6 +91,33 @@ TEST_F(Sqlite, TypesFromValuesAndDeclarations) {
   }
   EXPECT_EQ(valueAt(rows, 2, 7), XValue::ofText(u"")) << "a text of no characters is not null";
   EXPECT_EQ(valueAt(rows, 1, 12).type(), VT_EMPTY);
+}
+
+// How many rows there are is known only after the first reading.
+TEST_F(Sqlite, TellsHowFarItIsAndStops) {
+  run("CREATE TABLE t (n INTEGER); WITH RECURSIVE c(n) AS (VALUES(1) UNION ALL SELECT n + 1 FROM c WHERE n < "
+      "20000) INSERT INTO t SELECT n FROM c");
+  const DataSource source{.database = folder_.file("shop.sqlite"), .table = "t"};
+  std::vector<std::pair<std::int64_t, std::int64_t>> told;
+  std::size_t most = 1000;
+  const LoadProgress progress = [&](std::int64_t done, std::int64_t total) {
+    told.emplace_back(done, total);
+    return told.size() < most;
+  };
+  const auto opened = openDataSet(source, {}, progress);
+  ASSERT_TRUE(opened);
+  const std::vector<std::pair<std::int64_t, std::int64_t>> expected = {
+      {4096, 0},     {8192, 0},     {12288, 0},     {16384, 0},
+      {4096, 20000}, {8192, 20000}, {12288, 20000}, {16384, 20000}};
+  EXPECT_EQ(told, expected);
+  for (const std::size_t calls : {2u, 6u}) {
+    told.clear();
+    most = calls;
+    const auto stopped = openDataSet(source, {}, progress);
+    ASSERT_FALSE(stopped);
+    EXPECT_EQ(told.size(), calls);
+    EXPECT_NE(stopped.error().message().find(cancelledReason), std::string::npos);
+  }
 }
 
 TEST_F(Sqlite, ExactRowCountsOfTableAndQuery) {

@@ -150,6 +150,34 @@ TEST(Console, EndsAStrictSessionAtTheFirstError) {
   }
 }
 
+TEST(Eval, TriesAnExpression) {
+  struct Row {
+    std::vector<std::string> arguments;
+    int code;
+    std::string out;
+    std::string err;
+  };
+  const ScratchFolder folder;
+  folder.write("rows.csv", "NAME,AMOUNT\nKim,120\nLee,80\n");
+  const Row rows[] = {
+      {{"1+2*3"}, 0, "7\n", ""},
+      {{"UPPER(\"a\")+\"b\""}, 0, "\"Ab\"\n", ""},
+      {{"IIF(AMOUNT>100,NAME,\"-\")", "--form", "rows.csv"}, 0, "\"Kim\"\n", ""},
+      {{"IIF(amount>100,name,\"-\")", "--form", "rows.csv", "--row", "2"}, 0, "\"-\"\n", ""},
+      {{"AMOUNT"}, 2, "", "tessera: Variable 'AMOUNT' is not found.\n"},
+      {{"1/0"}, 0, "1\n", ""},  // as the language has it
+      {{"LOG(0)"}, 2, "", "tessera: LOG(): Zero or negative used as argument.\n"},
+  };
+  for (const Row& row : rows) {
+    std::vector<std::string> arguments = {"eval"};
+    arguments.insert(arguments.end(), row.arguments.begin(), row.arguments.end());
+    const Outcome outcome = run(arguments);
+    EXPECT_EQ(outcome.code, row.code) << row.arguments.front();
+    EXPECT_EQ(outcome.out, row.out) << row.arguments.front();
+    EXPECT_EQ(outcome.err, row.err) << row.arguments.front();
+  }
+}
+
 // A handler whose command raises its own event again is cut off, and answers all the same.
 TEST(EventHandlers, EndHandlersWithoutEnd) {
   std::ostringstream out;

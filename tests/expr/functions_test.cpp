@@ -92,7 +92,9 @@ TEST_F(FunctionsTest, RepeatedAndPaddedTexts) {
       {"PADC(\"a\",3,\"\")", "! Invalid arguments for function PADC()"},
       {"PADL(.T.,4)", "\" .T.\""},
       {"PADL(2.5,3)", "\"  2\""},
-      {"PADR(BORN,12)", "\"2024-01-01 0\""},
+      {"PADR(BORN,12)", "\"01/01/2024 0\""},
+      {"PADL({2024-05-07},12)", "\"  05/07/2024\""},
+      {"CTOD(PADR(BORN,19))=BORN", ".T."},
       {"PADR(HOLE,2)", "\"  \""},
       {"PADL(\"a\",2000000000)", "! Invalid arguments for function PADL()"},
   };

@@ -29,6 +29,14 @@ TEST(NativeLocale, OrdersOfDates) {
   for (const auto& [pattern, order] : rows) EXPECT_EQ(dateOrderOf(pattern), order) << pattern;
 }
 
+TEST(NativeLocale, DatesAreWrittenInNumbers) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"%m/%d/%y", "%m/%d/%Y"},   {"%d.%m.%Y", "%d.%m.%Y"}, {"%Y. %m. %d.", "%Y. %m. %d."},
+      {"%e-%m-%Y", "%d-%m-%Y"},   {"%d %b %Y", "%d/%m/%Y"}, {"%F", "%Y-%m-%d"},
+      {"%Y\u5e74%m", "%Y-%m-%d"}, {"%D", "%m/%d/%Y"},       {"", "%m/%d/%Y"}};
+  for (const auto& [pattern, numeric] : rows) EXPECT_EQ(numericDatePattern(pattern), numeric) << pattern;
+}
+
 // Two zones half a day apart never have the same hour.
 TEST(NativeClock, ShowsTheTimeOfItsZone) {
   const auto hourIn = [](const char* zone) {
