@@ -1,6 +1,5 @@
 // Ten million plain rows: what opening, showing and jumping cost beside the data set.
 
-#include <chrono>
 #include <cstdio>
 #include <fstream>
 #include <malloc.h>
@@ -11,6 +10,8 @@
 
 #include "backends/headless/headless_window.h"
 #include "backends/native/xml_document_reader.h"
+#include "bench/support/one_data_set_page.h"
+#include "bench/support/report.h"
 #include "components/memory_data_set.h"
 #include "control/tessera.h"
 #include "tools/tessera/grid_report.h"
@@ -19,14 +20,12 @@ using namespace tessera;
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr std::int32_t rowCount = 10'000'000;
 constexpr std::int32_t updates = 100'000;
 constexpr int jumps = 300;
 
 constexpr double openBudgetMs = 50;
-constexpr double memoryBudgetMiB = 64;
+constexpr double memoryBudgetMiB = 16;
 constexpr double jumpBudgetMs = 1;  // beyond one repaint
 constexpr double updateBudgetMs = 300;
 
@@ -37,20 +36,6 @@ constexpr const char16_t* columns =
     u"<COLUMN id=\"name\" refcolid=\"NAME\"><HEADER left=\"120\" right=\"400\" top=\"0\" bottom=\"22\"/>"
     u"<VIEW left=\"120\" right=\"400\" top=\"0\" bottom=\"22\"/></COLUMN></GRID>";
 
-class OneDataSetPage : public ClientSite, public Container, public ItemContainer {
- public:
-  explicit OneDataSetPage(std::shared_ptr<Component> data) : data_(std::move(data)) {}
-  Container* container() override { return this; }
-  std::optional<AmbientFont> ambientFont() override {
-    return AmbientFont{u"DejaVu Sans", 9, 400, false, false};
-  }
-  XValue ambientCodePage() override { return {}; }
-  std::shared_ptr<Component> getObject(const XString&) const override { return data_; }
-
- private:
-  std::shared_ptr<Component> data_;
-};
-
 double residentMiB() {
   malloc_trim(0);
   std::ifstream statm("/proc/self/statm");
@@ -58,24 +43,6 @@ double residentMiB() {
   long resident = 0;
   statm >> size >> resident;
   return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE)) / (1024.0 * 1024.0);
-}
-
-template <class Work>
-double milliseconds(Work work) {
-  const auto start = Clock::now();
-  work();
-  return std::chrono::duration<double, std::milli>(Clock::now() - start).count();
-}
-
-bool check(const char* what, double measured, double budget, const char* unit) {
-  const bool ok = measured <= budget;
-  std::printf("%-46s %9.3f %-4s budget %6.1f  %s\n", what, measured, unit, budget, ok ? "ok" : "MISSED");
-  return ok;
-}
-
-bool expect(const char* what, bool holds) {
-  if (!holds) std::printf("WRONG RESULT: %s\n", what);
-  return holds;
 }
 
 std::shared_ptr<MemoryDataSet> makeData() {

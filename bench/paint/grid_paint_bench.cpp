@@ -19,6 +19,8 @@
 
 #include "backends/headless/headless_window.h"
 #include "backends/native/xml_document_reader.h"
+#include "bench/support/one_data_set_page.h"
+#include "bench/support/report.h"
 #include "components/memory_data_set.h"
 #include "control/tessera.h"
 
@@ -60,21 +62,10 @@ std::string cellText(const Page& page, std::int32_t row, std::int32_t column) {
 double processorMs() { return static_cast<double>(std::clock()) * 1000 / CLOCKS_PER_SEC; }
 
 template <class Work>
-double milliseconds(Work work) {
+double processorTimeOf(Work work) {
   const double start = processorMs();
   work();
   return processorMs() - start;
-}
-
-double median(Times times) {
-  const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-  std::nth_element(times.begin(), middle, times.end());
-  return *middle;
-}
-
-bool expect(const char* what, bool holds) {
-  if (!holds) std::printf("WRONG RESULT: %s\n", what);
-  return holds;
 }
 
 // What both grids are asked for: the page that begins with a row is brought into view and then painted.
@@ -103,20 +94,6 @@ class Pixel {
   std::uint64_t sum_ = 14695981039346656037u;
   std::int64_t dark_ = 0;
   std::int64_t count_ = 0;
-};
-
-class OneDataSetPage : public ClientSite, public Container, public ItemContainer {
- public:
-  explicit OneDataSetPage(std::shared_ptr<Component> data) : data_(std::move(data)) {}
-  Container* container() override { return this; }
-  std::optional<AmbientFont> ambientFont() override {
-    return AmbientFont{u"DejaVu Sans", 9, 400, false, false};
-  }
-  XValue ambientCodePage() override { return {}; }
-  std::shared_ptr<Component> getObject(const XString&) const override { return data_; }
-
- private:
-  std::shared_ptr<Component> data_;
 };
 
 std::shared_ptr<MemoryDataSet> makeData(const Page& page, std::int32_t rows) {
@@ -285,7 +262,7 @@ bool pass(Grid& grid, const Page& page, const char* name, Times& times) {
     const std::int32_t row = frame * page.rows;
     grid.scrollTo(row);
     onPlace = onPlace && grid.shows(row);
-    times.push_back(milliseconds([&] { grid.paint(); }));
+    times.push_back(processorTimeOf([&] { grid.paint(); }));
     prints.push_back(grid.fingerprint());
     leastDark = std::min(leastDark, grid.darkShare());
   }
