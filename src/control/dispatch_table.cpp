@@ -2,114 +2,38 @@
 
 #include <array>
 #include <string>
-#include <tuple>
-#include <type_traits>
-#include <utility>
 #include <vector>
 
-#include "shared/change_type.h"
 #include "shared/compare.h"
+#include "shared/member_call.h"
 #include "shared/utf.h"
 
 namespace tessera {
 
 namespace {
 
-// How C++ argument types stand in values.
-
-HResult fromValue(const XValue& value, XString& argument) {
-  XValue text;
-  const HResult status = changeType(value, VT_BSTR, text);
-  argument = text.asText();
-  return status;
-}
-
-HResult fromValue(const XValue& value, std::int32_t& argument) {
-  XValue number;
-  const HResult status = changeType(value, VT_I4, number);
-  argument = number.asInt();
-  return status;
-}
-
-// A number comes through as it is, so that a property can tell VARIANT_TRUE from any other truth.
-HResult fromValue(const XValue& value, VariantBool& argument) {
-  if (value.type() == VT_I4) {
-    const std::int32_t number = value.asInt();
-    argument = number == static_cast<VariantBool>(number) ? static_cast<VariantBool>(number) : VARIANT_TRUE;
-    return S_OK;
-  }
-  XValue flag;
-  const HResult status = changeType(value, VT_BOOL, flag);
-  argument = flag.asRawBool();
-  return status;
-}
-
-HResult fromValue(const XValue& value, XValue& argument) {
-  argument = value;
-  return S_OK;
-}
-
-void toValue(const XString& argument, XValue& value) { value.setText(argument); }
-void toValue(std::int32_t argument, XValue& value) { value.setInt(argument); }
-void toValue(VariantBool argument, XValue& value) { value.setRawBool(argument); }
-void toValue(const XValue& argument, XValue& value) { value = argument; }
-
-// The automation types of a member function, from its C++ signature.
-template <class Method>
-struct Signature;
-template <class... Arguments>
-struct Signature<HResult (ITessera::*)(Arguments...)> {
-  using Tuple = std::tuple<std::remove_cvref_t<Arguments>...>;
-  static constexpr std::size_t count = sizeof...(Arguments);
-};
-
-// Takes the first `Count` arguments from values; the rest stay at their defaults.
-template <class Tuple, std::size_t... Index>
-HResult readArguments(Tuple& tuple, [[maybe_unused]] std::span<const XValue> values,
-                      std::index_sequence<Index...>) {
-  HResult status = S_OK;
-  (void)((succeeded(status = fromValue(values[Index], std::get<Index>(tuple)))) && ...);
-  return status;
-}
+using member_call::Returns;
+using member_call::SignatureOf;
 
 template <auto Method>
-HResult callIt(ITessera& control, std::span<const XValue> values, XValue& result) {
-  using Types = Signature<decltype(Method)>;
-  typename Types::Tuple arguments{};
-  const HResult status = readArguments(arguments, values, std::make_index_sequence<Types::count>{});
-  result.setEmpty();
-  if (!succeeded(status)) return status;
-  return std::apply([&control](auto&... each) { return (control.*Method)(each...); }, arguments);
-}
-
-// The last argument is the answer.
-template <auto Method>
-HResult getIt(ITessera& control, std::span<const XValue> values, XValue& result) {
-  using Types = Signature<decltype(Method)>;
-  typename Types::Tuple arguments{};
-  HResult status = readArguments(arguments, values, std::make_index_sequence<Types::count - 1>{});
-  if (!succeeded(status)) return status;
-  status = std::apply([&control](auto&... each) { return (control.*Method)(each...); }, arguments);
-  toValue(std::get<Types::count - 1>(arguments), result);
-  return status;
-}
+constexpr auto callIt = member_call::call<Method, Returns::Status>;
 
 template <auto Get, auto Put>
 constexpr MemberRow property(std::int32_t dispid, std::string_view name) {
-  constexpr auto count = static_cast<std::int32_t>(Signature<decltype(Get)>::count) - 1;
-  return {dispid, name, count, 0, 0, getIt<Get>, callIt<Put>, nullptr};
+  constexpr auto count = static_cast<std::int32_t>(SignatureOf<Get>::ins);
+  return {dispid, name, count, 0, 0, callIt<Get>, callIt<Put>, nullptr};
 }
 
 template <auto Get>
 constexpr MemberRow readOnly(std::int32_t dispid, std::string_view name, std::int32_t optional = 0,
                              std::int32_t lastDefault = 0) {
-  constexpr auto count = static_cast<std::int32_t>(Signature<decltype(Get)>::count) - 1;
-  return {dispid, name, count, optional, lastDefault, getIt<Get>, nullptr, nullptr};
+  constexpr auto count = static_cast<std::int32_t>(SignatureOf<Get>::ins);
+  return {dispid, name, count, optional, lastDefault, callIt<Get>, nullptr, nullptr};
 }
 
 template <auto Method>
 constexpr MemberRow method(std::int32_t dispid, std::string_view name, std::int32_t optional = 0) {
-  constexpr auto count = static_cast<std::int32_t>(Signature<decltype(Method)>::count);
+  constexpr auto count = static_cast<std::int32_t>(SignatureOf<Method>::ins);
   return {dispid, name, count, optional, 0, nullptr, nullptr, callIt<Method>};
 }
 
