@@ -33,6 +33,21 @@ bool isWebAddress(const std::string& url) {
   return false;
 }
 
+// People write blanks and letters of all scripts into addresses; on the wire their bytes are escaped.
+std::string escaped(const std::string& url) {
+  static constexpr char digits[] = "0123456789ABCDEF";
+  std::string result;
+  for (const char c : url) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte > 0x20 && byte < 0x7F) {
+      result += c;
+    } else {
+      result += {'%', digits[byte >> 4], digits[byte & 15]};
+    }
+  }
+  return result;
+}
+
 struct Header {
   curl_slist* list;
   explicit Header(const char* line) : list(curl_slist_append(nullptr, line)) {}
@@ -65,7 +80,8 @@ bool CurlHttpClient::Session::prepare(const std::string& url, const HttpLimits& 
   const auto set = [&](CURLoption option, auto value) {
     ok = ok && curl_easy_setopt(handle, option, value) == CURLE_OK;
   };
-  set(CURLOPT_URL, url.c_str());
+  set(CURLOPT_URL, escaped(url).c_str());
+  set(CURLOPT_USERAGENT, "ImageDownload");
   set(CURLOPT_PROTOCOLS_STR, "http,https");
   set(CURLOPT_REDIR_PROTOCOLS_STR, "http,https");
   set(CURLOPT_HTTPHEADER, accept.list);

@@ -36,6 +36,7 @@ const XValue* CompiledProgram::evaluate(EvalState& state) const {
     if (!value) return nullptr;
     registers[instruction.result] = value;
   }
+  state.error.reset();  // of a run within this one, which did without its value
   return registers[result_];
 }
 

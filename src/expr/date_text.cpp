@@ -184,9 +184,13 @@ std::optional<double> parseDateText(const XExprContext& context, std::u16string_
 XString userDateText(const XExprContext& context, double dateNumber) {
   const auto time = calendarTime(dateNumber);
   if (!time) return {};
+  const XString clock = formatTime(context, LocaleOwner::User, u"%H:%M:%S", *time);
+  const CalendarTime midnight{.year = time->year, .month = time->month, .day = time->day};
+  if (*time != midnight && midnight == CalendarTime()) return clock;
   XString text = formatTime(context, LocaleOwner::User, localeOf(context).datePattern(), *time);
-  if (time->hour == 0 && time->minute == 0 && time->second == 0) return text;
-  text += formatTime(context, LocaleOwner::User, u" %H:%M:%S", *time);
+  if (*time == midnight) return text;
+  text += u" ";
+  text += clock;
   return text;
 }
 

@@ -18,8 +18,8 @@ double presentTime(const XExprContext& context);
 // the year. Years of two digits are 1930 to 2029. A time ("13:30", "1:30:05 PM") may follow or stand alone.
 std::optional<double> parseDateText(const XExprContext& context, std::u16string_view text);
 
-// A date number as the user writes it, with the time of day ("13:30:00") unless that is midnight; the empty
-// text outside the calendar. parseDateText() reads it.
+// A date number as the user writes it, with the time of day ("13:30:00") unless that is midnight; day zero is
+// the time alone. The empty text outside the calendar. parseDateText() reads it.
 XString userDateText(const XExprContext& context, double dateNumber);
 
 // Fills a strftime-style pattern of %A, %B, %d, %H, %m, %M, %S, %y and %Y.

@@ -52,7 +52,9 @@ class Canvas {
 
   // A surface of the same kind and the given size whose contents are undefined.
   virtual std::unique_ptr<Canvas> createSurface(Size size) = 0;
-  // As blit(), from a surface that createSurface() of this canvas's kind made.
+  // Whether createSurface() would give a surface like this one: of the same kind and scale.
+  virtual bool isLike(const Canvas& surface) const = 0;
+  // As blit(), from a surface that is like the canvas.
   virtual void blitSurface(const Rect& area, const Canvas& source, std::int32_t sourceX,
                            std::int32_t sourceY) = 0;
 };

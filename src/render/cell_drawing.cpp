@@ -64,7 +64,7 @@ class CellTextDrawer {
       const std::int32_t lineBottom = addClamped(y, extent_.height);
       clip_.bottom = std::min(lineBottom, rect_.bottom);
       put(line, x, y);
-      clip_.top = clip_.bottom;
+      clip_.top = std::max(clip_.top, clip_.bottom);
       y = lineBottom;
     }
   }

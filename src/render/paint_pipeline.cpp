@@ -54,7 +54,11 @@ class Ground {
   // `color` is the client area's.
   Ground(const PaintContext& context, ColorRef color) : context_(context) {
     const BackgroundRecord& background = context.model.config.background;
-    if (background.imageMode == image_mode::solid && background.borderStyle == border::none) color_ = color;
+    // An expression may give the table another colour than the client.
+    const bool isPlain = background.imageMode == image_mode::solid &&
+                         background.borderStyle == border::none &&
+                         !background.isDynamic(DynamicSlot::BackColor);
+    if (isPlain) color_ = color;
   }
 
   // To be asked once a column, in the order of painting.
@@ -106,7 +110,8 @@ void paintSummaryBand(const PaintContext& context, std::int32_t backgroundRow) {
   if (model.frame.summary == SummaryBand::None || !model.link.dataSet()) return;
   const std::int32_t top =
       model.frame.summary == SummaryBand::Bottom ? context.dataRect().bottom : model.frame.headerBand;
-  const Rect band{model.frame.indicatorWidth, top, model.frame.client.width,
+  // In a window lower than both bands the header stays.
+  const Rect band{model.frame.indicatorWidth, std::max(top, model.frame.headerBand), model.frame.client.width,
                   addClamped(top, model.frame.rowHeight)};
   restoreBackground(context, band, backgroundRow);
   for (const ColumnRecord& column : model.config.columns) {

@@ -37,7 +37,7 @@ void comboText(const TextSource& source, const ColumnRecord& column, std::int32_
 void lookupText(const TextSource& source, const ColumnRecord& column, std::int32_t row,
                 std::int32_t columnIndex, XString& text) {
   text.assign({});
-  DataSetControl* lookup = column.child.lookupDataset.get();
+  const std::shared_ptr<DataSetControl> lookup = column.child.lookupDataset;
   if (!lookup) return;
   XString& code = source.scratch.code;
   source.link.text(row, columnIndex, code);

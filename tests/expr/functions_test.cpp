@@ -95,6 +95,8 @@ TEST_F(FunctionsTest, RepeatedAndPaddedTexts) {
       {"PADR(BORN,12)", "\"01/01/2024 0\""},
       {"PADL({2024-05-07},12)", "\"  05/07/2024\""},
       {"CTOD(PADR(BORN,19))=BORN", ".T."},
+      {"PADL(CTOD(\"13:30\"),9)", "\" 13:30:00\""},
+      {"PADL(CTOD(\"2024-05-07 13:30\"),19)", "\"05/07/2024 13:30:00\""},
       {"PADR(HOLE,2)", "\"  \""},
       {"PADL(\"a\",2000000000)", "! Invalid arguments for function PADL()"},
   };

@@ -164,14 +164,17 @@ TEST_F(HttpClientTest, RequestHead) {
   setenv("HOME", folder_.c_str(), 1);
   const LoopbackServer server(
       routes({{"/a", response("200 OK", "Set-Cookie: id=1; Path=/\r\n" + sized("a"), "a")},
-              {"/b", response("302 Found", "Set-Cookie: id=2\r\nLocation: /a\r\n" + sized(""), "")}}));
+              {"/b", response("302 Found", "Set-Cookie: id=2\r\nLocation: /a\r\n" + sized(""), "")},
+              {"/%EC%84%9C%20%7F", response("200 OK", sized("a"), "a")}}));
   CurlHttpClient client(smallLimits);
   std::vector<std::byte> body;
-  for (const char* target : {"/a", "/b", "/a"}) EXPECT_TRUE(client.get(server.url(target), body)) << target;
+  for (const char* target : {"/a", "/b", "/a", "/\uc11c \x7f"})
+    EXPECT_TRUE(client.get(server.url(target), body)) << target;
   const std::vector<std::string> heads = server.heads();
-  ASSERT_EQ(heads.size(), 4u);
+  ASSERT_EQ(heads.size(), 5u);
   for (const std::string& head : heads) {
     EXPECT_NE(head.find("\r\nAccept: */*\r\n"), std::string::npos) << head;
+    EXPECT_NE(head.find("\r\nUser-Agent: ImageDownload\r\n"), std::string::npos) << head;
     EXPECT_EQ(head.find("Cookie:"), std::string::npos) << head;
     EXPECT_EQ(head.find("Authorization:"), std::string::npos) << head;
   }

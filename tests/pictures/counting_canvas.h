@@ -30,6 +30,9 @@ class CountingCanvas : public Canvas {
   void text(const Rect& clip, std::int32_t x, std::int32_t y, const LogFont& font, ColorRef color,
             std::u16string_view text) override;
   std::unique_ptr<Canvas> createSurface(Size size) override;
+  bool isLike(const Canvas& surface) const override {
+    return dynamic_cast<const CountingCanvas*>(&surface) != nullptr;
+  }
   void blitSurface(const Rect& area, const Canvas& source, std::int32_t sourceX,
                    std::int32_t sourceY) override;
 

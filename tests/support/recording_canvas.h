@@ -40,6 +40,7 @@ class RecordingCanvas : public Canvas {
   void text(const Rect& clip, std::int32_t x, std::int32_t y, const LogFont& font, ColorRef color,
             std::u16string_view text) override;
   std::unique_ptr<Canvas> createSurface(Size size) override;
+  bool isLike(const Canvas&) const override { return true; }
   void blitSurface(const Rect& area, const Canvas& source, std::int32_t sourceX,
                    std::int32_t sourceY) override;
 
