@@ -26,7 +26,12 @@ struct Survey {
 
 class CsvFile {
  public:
-  CsvFile(const std::string& path, std::span<const FieldSpec> fields) : path_(path), fields_(fields) {}
+  CsvFile(const std::string& path, std::span<const FieldSpec> fields, const LoadProgress& progress)
+      : path_(path), fields_(fields), progress_(progress) {
+    std::error_code unknown;
+    const std::uintmax_t size = std::filesystem::file_size(path, unknown);
+    if (!unknown) size_ = static_cast<std::int64_t>(size);
+  }
 
   // Nothing: no fault.
   std::optional<LoadError> survey(Survey& survey);
@@ -39,9 +44,14 @@ class CsvFile {
   std::optional<LoadError> checkNames(const Survey& survey) const;
   const FieldSpec* fieldOf(const std::string& name) const;
   LoadError wrongCell(const CsvReader& reader, std::size_t column, const std::string& name) const;
+  // Once for each block of the file; `before` are the bytes of the readings that are over.
+  bool goesOn(const CsvReader& reader, std::int64_t before);
 
   const std::string& path_;
   std::span<const FieldSpec> fields_;
+  const LoadProgress& progress_;
+  std::int64_t size_ = 0;  // bytes; 0: not known
+  std::int64_t told_ = 0;  // bytes that the progress was told of last
 };
 
 std::optional<LoadError> CsvFile::open(std::ifstream& in) const {
@@ -82,6 +92,13 @@ LoadError CsvFile::wrongCell(const CsvReader& reader, std::size_t column, const 
                                   " is not " + std::string(wanted));
 }
 
+bool CsvFile::goesOn(const CsvReader& reader, std::int64_t before) {
+  const std::int64_t done = before + reader.bytesRead();
+  if (!progress_ || done == told_) return true;
+  told_ = done;
+  return progress_(done, 2 * size_);
+}
+
 std::optional<LoadError> CsvFile::survey(Survey& survey) {
   std::ifstream in;
   if (auto fault = open(in)) return fault;
@@ -97,6 +114,7 @@ std::optional<LoadError> CsvFile::survey(Survey& survey) {
   while (reader.next()) {
     if (survey.records == std::numeric_limits<std::int32_t>::max())
       return error(reader.line(), "too many rows");
+    if (!goesOn(reader, 0)) return error(0, cancelledReason);
     ++survey.records;
     for (std::size_t i = 0; i < survey.guesses.size(); ++i)
       if (!survey.guesses[i].add(reader.fields()[i])) return wrongCell(reader, i, survey.names[i]);
@@ -117,6 +135,7 @@ std::optional<LoadError> CsvFile::fill(const Survey& survey, ColumnStore& store)
   const auto width = static_cast<std::size_t>(store.columnCount());
   bool same = reader.fault().empty() && reader.fields().size() == width;
   while (same && reader.next()) {
+    if (!goesOn(reader, size_)) return error(0, cancelledReason);
     for (std::size_t i = 0; same && i < width; ++i)
       same = appendCell(store.column(static_cast<std::int32_t>(i)), reader.fields()[i]);
     if (same) store.finishRecord();
@@ -128,8 +147,9 @@ std::optional<LoadError> CsvFile::fill(const Survey& survey, ColumnStore& store)
 
 }  // namespace
 
-Loaded<CsvRows> loadCsv(const std::string& path, std::span<const FieldSpec> fields) {
-  CsvFile file(path, fields);
+Loaded<CsvRows> loadCsv(const std::string& path, std::span<const FieldSpec> fields,
+                        const LoadProgress& progress) {
+  CsvFile file(path, fields, progress);
   Survey survey;
   if (auto fault = file.survey(survey)) return *std::move(fault);
   CsvRows rows;

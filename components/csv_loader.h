@@ -7,6 +7,7 @@
 
 #include "components/column_store.h"
 #include "components/load_error.h"
+#include "components/load_progress.h"
 #include "components/type_guess.h"
 
 namespace tessera {
@@ -19,6 +20,7 @@ struct CsvRows {
 // UTF-8 with or without a mark, a header line with the column names. The file is read twice: once to check
 // it, to tell the types apart and to measure the columns, once to fill them. A fault anywhere loads nothing.
 // `fields` gives types for columns by name; each must name a column.
-Loaded<CsvRows> loadCsv(const std::string& path, std::span<const FieldSpec> fields = {});
+Loaded<CsvRows> loadCsv(const std::string& path, std::span<const FieldSpec> fields = {},
+                        const LoadProgress& progress = {});
 
 }  // namespace tessera

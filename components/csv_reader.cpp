@@ -60,6 +60,7 @@ bool CsvReader::refill() {
   buffer_.resize(std::max(buffer_.size(), unread + std::max(unread, blockSize) + 1));
   in_.read(buffer_.data() + end_, static_cast<std::streamsize>(buffer_.size() - 1 - end_));
   end_ += static_cast<std::size_t>(in_.gcount());
+  bytesRead_ += in_.gcount();
   atEnd_ = in_.gcount() == 0 || !in_;
   buffer_[end_] = '\n';
   return true;

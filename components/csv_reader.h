@@ -30,6 +30,8 @@ class CsvReader {
   // The line on which the present record starts, or that of the fault, from 1.
   std::int64_t line() const { return line_; }
   char delimiter() const { return delimiter_; }
+  // Bytes that came from the stream so far.
+  std::int64_t bytesRead() const { return bytesRead_; }
   // Empty: no fault.
   const std::string& fault() const { return fault_; }
 
@@ -58,6 +60,7 @@ class CsvReader {
   std::size_t width_ = 0;             // fields of the header line
   std::int64_t line_ = 0;
   std::int64_t nextLine_ = 1;
+  std::int64_t bytesRead_ = 0;
   std::string fault_;
 };
 

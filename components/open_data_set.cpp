@@ -13,15 +13,16 @@ namespace tessera {
 namespace {
 
 // The rows with the rest of `opened` filled in.
-Loaded<ColumnStore> loadRows(const DataSource& source, OpenedDataSet& opened) {
+Loaded<ColumnStore> loadRows(const DataSource& source, OpenedDataSet& opened, const LoadProgress& progress) {
   if (source.database.empty()) {
-    auto loaded = loadCsv(source.file, source.fields);
+    auto loaded = loadCsv(source.file, source.fields, progress);
     if (!loaded) return loaded.error();
     opened.delimiter = loaded->delimiter;
     return Loaded<ColumnStore>(std::move(loaded->store));
   }
-  auto loaded = source.table.empty() ? loadSqliteQuery(source.database, source.query, source.fields)
-                                     : loadSqliteTable(source.database, source.table, source.fields);
+  auto loaded = source.table.empty()
+                    ? loadSqliteQuery(source.database, source.query, source.fields, progress)
+                    : loadSqliteTable(source.database, source.table, source.fields, progress);
   if (!loaded) return loaded.error();
   opened.origin = std::move(loaded->origin);
   return Loaded<ColumnStore>(std::move(loaded->store));
@@ -43,10 +44,11 @@ std::string faultOf(const DataSetOptions& options, const ColumnStore& store) {
 
 }  // namespace
 
-Loaded<OpenedDataSet> openDataSet(const DataSource& source, const DataSetOptions& options) {
+Loaded<OpenedDataSet> openDataSet(const DataSource& source, const DataSetOptions& options,
+                                  const LoadProgress& progress) {
   OpenedDataSet opened;
   opened.source = source;
-  auto store = loadRows(source, opened);
+  auto store = loadRows(source, opened, progress);
   if (!store) return store.error();
   const std::string fault = faultOf(options, *store);
   if (!fault.empty()) return LoadError{source.database.empty() ? source.file : source.database, 0, fault};

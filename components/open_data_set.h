@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "components/load_error.h"
+#include "components/load_progress.h"
 #include "components/memory_data_set.h"
 #include "components/sqlite_loader.h"
 #include "components/type_guess.h"
@@ -32,7 +33,8 @@ struct OpenedDataSet {
 
 // Faults of the options count as faults of the source: a sort, level or subsum text that names an unknown
 // column, or a subsum text that is none.
-Loaded<OpenedDataSet> openDataSet(const DataSource& source, const DataSetOptions& options = {});
+Loaded<OpenedDataSet> openDataSet(const DataSource& source, const DataSetOptions& options = {},
+                                  const LoadProgress& progress = {});
 
 // Writes the changes back to where the rows came from.
 std::optional<LoadError> saveDataSet(OpenedDataSet& opened);

@@ -48,7 +48,8 @@ DeclaredType parseDeclared(std::string_view declared) {
 
 class SqliteSource {
  public:
-  SqliteSource(const std::string& file, std::span<const FieldSpec> fields) : file_(file), fields_(fields) {}
+  SqliteSource(const std::string& file, std::span<const FieldSpec> fields, const LoadProgress& progress)
+      : file_(file), fields_(fields), progress_(progress) {}
 
   Loaded<SqliteRows> load(const std::string& table, const std::string& query);
 
@@ -56,6 +57,10 @@ class SqliteSource {
   using Fault = std::optional<LoadError>;
 
   LoadError error(std::string reason) const { return {file_, 0, what_ + std::move(reason)}; }
+  bool goesOn(std::int32_t record, std::int32_t total) const {
+    constexpr std::int32_t told = 0xFFF;
+    return !progress_ || (record & told) != 0 || progress_(record, total);
+  }
   Fault findKeys(const std::string& table, SqliteOrigin& origin);
   Fault prepare(const std::string& sql, std::size_t keyCount);
   Fault survey();
@@ -66,6 +71,7 @@ class SqliteSource {
 
   const std::string& file_;
   std::span<const FieldSpec> fields_;
+  const LoadProgress& progress_;
   std::string what_;  // "table NAME: " or "query: "
   SqliteDatabase database_;
   SqliteStatement select_;
@@ -149,6 +155,7 @@ SqliteSource::Fault SqliteSource::survey() {
   for (; status == SQLITE_ROW; status = select_.step()) {
     if (records_ == std::numeric_limits<std::int32_t>::max()) return error("too many rows");
     ++records_;
+    if (!goesOn(records_, 0)) return error(cancelledReason);
     for (int c = 0; c < select_.columns(); ++c) {
       if (surveyCell(c)) continue;
       const ColumnFormat format = guesses_[static_cast<std::size_t>(c)].format(XString());
@@ -208,6 +215,7 @@ SqliteSource::Fault SqliteSource::fill(ColumnStore& store) {
     for (int c = 0; c < select_.columns(); ++c)
       if (!fillCell(store.column(c), c)) return error("it changed while it was read");
     store.finishRecord();
+    if (!goesOn(store.recordCount(), records_)) return error(cancelledReason);
   }
   if (status != SQLITE_DONE) return error(database_.fault());
   return std::nullopt;
@@ -236,13 +244,13 @@ Loaded<SqliteRows> SqliteSource::load(const std::string& table, const std::strin
 }  // namespace
 
 Loaded<SqliteRows> loadSqliteTable(const std::string& file, const std::string& table,
-                                   std::span<const FieldSpec> fields) {
-  return SqliteSource(file, fields).load(table, {});
+                                   std::span<const FieldSpec> fields, const LoadProgress& progress) {
+  return SqliteSource(file, fields, progress).load(table, {});
 }
 
 Loaded<SqliteRows> loadSqliteQuery(const std::string& file, const std::string& query,
-                                   std::span<const FieldSpec> fields) {
-  return SqliteSource(file, fields).load({}, query);
+                                   std::span<const FieldSpec> fields, const LoadProgress& progress) {
+  return SqliteSource(file, fields, progress).load({}, query);
 }
 
 }  // namespace tessera

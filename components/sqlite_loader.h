@@ -8,6 +8,7 @@
 
 #include "components/column_store.h"
 #include "components/load_error.h"
+#include "components/load_progress.h"
 #include "components/type_guess.h"
 
 namespace tessera {
@@ -28,8 +29,8 @@ struct SqliteRows {
 // Columns take the type that all of their values fit; the declared type decides for columns without values
 // and gives a decimal its scale. Blobs are empty cells. `fields` gives types for columns by name.
 Loaded<SqliteRows> loadSqliteTable(const std::string& file, const std::string& table,
-                                   std::span<const FieldSpec> fields = {});
+                                   std::span<const FieldSpec> fields = {}, const LoadProgress& progress = {});
 Loaded<SqliteRows> loadSqliteQuery(const std::string& file, const std::string& query,
-                                   std::span<const FieldSpec> fields = {});
+                                   std::span<const FieldSpec> fields = {}, const LoadProgress& progress = {});
 
 }  // namespace tessera
