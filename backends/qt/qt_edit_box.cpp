@@ -1,0 +1,147 @@
+#include "backends/qt/qt_edit_box.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+
+#include "backends/qt/cell_line_edit.h"
+#include "backends/qt/key_codes.h"
+#include "backends/qt/qt_text.h"
+#include "backends/qt/qt_window.h"
+
+namespace tessera {
+
+QtEditBox::QtEditBox(QtWindow& window, EditBoxOwner& owner)
+    : window_(window), owner_(owner), line_(new CellLineEdit(&window.view(), *this)) {
+  window_.adopt(this);
+  line_->show();
+}
+
+QtEditBox::~QtEditBox() {
+  window_.abandon(this);
+  if (line_) line_->retire();
+}
+
+void QtEditBox::setText(std::u16string_view text) { line_->setText(toQString(text)); }
+
+XString QtEditBox::text() const { return toXString(line_->text()); }
+
+void QtEditBox::select(std::int32_t start, std::int32_t end) {
+  const auto length = static_cast<std::int32_t>(line_->text().size());
+  const std::int32_t from = std::clamp(start, 0, length);
+  const std::int32_t to = end < 0 ? length : std::clamp(end, 0, length);
+  line_->setCursorPosition(to);
+  if (from != to) line_->setSelection(from, to - from);
+}
+
+void QtEditBox::selection(std::int32_t& start, std::int32_t& end) const {
+  start = line_->hasSelectedText() ? line_->selectionStart() : line_->cursorPosition();
+  end = line_->hasSelectedText() ? line_->selectionEnd() : start;
+}
+
+void QtEditBox::setPassword(bool masked) {
+  line_->setEchoMode(masked ? QLineEdit::Password : QLineEdit::Normal);
+}
+
+void QtEditBox::setFont(const LogFont& font) { line_->setFont(toQFont(font)); }
+
+void QtEditBox::place(const Rect& rect) {
+  rect_ = rect;
+  line_->setGeometry(toQRect(rect));
+}
+
+void QtEditBox::setFocus() { window_.giveFocus(*line_); }
+
+bool QtEditBox::hasFocus() const { return line_ && line_->hasFocus(); }
+
+void QtEditBox::setHints(Qt::InputMethodHints hints) { line_->setInputMethodHints(hints); }
+
+bool QtEditBox::isComposing() const { return line_->isComposing(); }
+
+void QtEditBox::sendChar(char16_t character) { type(QStringView(&character, 1)); }
+
+void QtEditBox::sendComposition() {
+  if (const auto event = window_.takeComposition()) composed(*event);
+}
+
+// Backspace is a key and a character.
+void QtEditBox::pressKey(std::int32_t key, QKeyEvent& event, bool entersText) {
+  const auto life = life_.watch();
+  const bool erases = key == keys::backspace && (event.modifiers() & Qt::ControlModifier) == 0;
+  if (key != 0) {
+    if (owner_.editKeyDown(key) || life.expired()) return;
+    if (!entersText && !erases) line_->process(event);
+    owner_.editKeyDone(key);
+    if (life.expired()) return;
+  }
+  if (entersText) return type(event.text());
+  if (!erases || !allowed(keys::backspace)) return;
+  line_->backspace();
+  owner_.editCharDone(keys::backspace);
+}
+
+bool QtEditBox::allowed(char16_t character) {
+  const auto life = life_.watch();
+  return owner_.editAllows(character) && !life.expired();
+}
+
+// The halves of a character outside the basic plane go in together.
+void QtEditBox::type(QStringView text) {
+  const auto life = life_.watch();
+  for (qsizetype i = 0; i < text.size();) {
+    const bool pair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
+    const QStringView one = text.mid(i, pair ? 2 : 1);
+    i += one.size();
+    if (!allowed(one.front().unicode())) {
+      if (life.expired()) return;
+      continue;
+    }
+    line_->insert(inCase(one));
+    owner_.editCharDone(one.front().unicode());
+    if (life.expired()) return;
+  }
+}
+
+QString QtEditBox::inCase(QStringView text) const {
+  const QString typed = text.toString();
+  switch (letters_) {
+    case LetterCase::Upper:
+      return typed.toUpper();
+    case LetterCase::Lower:
+      return typed.toLower();
+    case LetterCase::AsTyped:
+      break;
+  }
+  return typed;
+}
+
+// What is finished goes in as if it were typed; what is not, the line edit shows in its midst.
+void QtEditBox::composed(const QInputMethodEvent& event) {
+  if (!owner_.editAllowsComposition()) return QGuiApplication::inputMethod()->reset();
+  const auto life = life_.watch();
+  const QPointer<CellLineEdit> line = line_;
+  if (event.replacementLength() > 0) {
+    const std::unique_ptr<QInputMethodEvent> whole(event.clone());
+    return line->process(*whole);
+  }
+  if (!event.commitString().isEmpty()) {
+    QInputMethodEvent over;
+    line->process(over);
+    type(event.commitString());
+    if (life.expired()) return;
+  }
+  QInputMethodEvent rest(event.preeditString(), event.attributes());
+  line->process(rest);
+}
+
+// The window was left with the box at work, and comes back when there is nothing to edit any more.
+void QtEditBox::focusArrived() {
+  if (!window_.view().rect().intersects(toQRect(rect_))) window_.setFocus();
+}
+
+void QtEditBox::focusLost() {
+  const CallDepth::Scope call(window_.calls());
+  const bool toGrid = QApplication::focusWidget() == &window_.view();
+  owner_.editFocusLost(toGrid ? FocusTarget::GridWindow : FocusTarget::Elsewhere);
+}
+
+}  // namespace tessera

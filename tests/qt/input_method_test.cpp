@@ -1,0 +1,109 @@
+// Composed characters, as Korean is typed.
+
+#include <gtest/gtest.h>
+
+#include "qt/qt_desk.h"
+
+namespace tessera::test {
+namespace {
+
+class InputMethodTest : public testing::Test {
+ protected:
+  void focusOn(const char* colid) {
+    desk.grid().setFocus();
+    desk.grid().setColumnPosition(colid);
+    desk.takeEvents();
+  }
+
+  // Characters in the midst of their composition are in front of it.
+  int caret() { return desk.editBox().inputMethodQuery(Qt::ImCursorRectangle).toRect().center().x(); }
+
+  QtDesk desk{"editors.xml"};
+};
+
+TEST_F(InputMethodTest, TheFirstCharacterOpensTheEditorAndIsKept) {
+  focusOn("name");
+  desk.compose("ㅎ", "");
+  ASSERT_TRUE(desk.editIsOpen());
+  EXPECT_TRUE(desk.editBox().hasFocus());
+  EXPECT_EQ(desk.editBox().text(), "") << "it takes the place of the old text";
+  EXPECT_GT(caret(), 3) << "it is seen";
+  EXPECT_EQ(desk.takeText(), "OnEnter(\"name\", 1); ");
+  desk.compose("하", "");
+  desk.compose("한", "");
+  desk.compose("ㄱ", "한");
+  EXPECT_EQ(desk.editBox().text(), "한");
+  const int behindBoth = caret();
+  desk.compose("", "");
+  EXPECT_LT(caret(), behindBoth);
+  desk.compose("", "글");
+  EXPECT_EQ(desk.takeText(), "OnChar(); OnChar(); ");
+  desk.key(Qt::Key_Return);
+  EXPECT_FALSE(desk.editIsOpen());
+  EXPECT_EQ(desk.cell(1, 1), "한글");
+}
+
+TEST_F(InputMethodTest, AFinishedCharacterIsTyped) {
+  focusOn("name");
+  desk.compose("", "한글");
+  EXPECT_EQ(desk.editBox().text(), "한글");
+  EXPECT_EQ(desk.takeText(), "OnEnter(\"name\", 1); OnChar(); OnChar(); ");
+}
+
+TEST_F(InputMethodTest, EnterAndEscapeInACompositionDoNotEndTheEdit) {
+  focusOn("name");
+  for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+    desk.compose("하", "");
+    desk.takeEvents();
+    desk.key(key);
+    EXPECT_TRUE(desk.editIsOpen());
+    EXPECT_EQ(desk.takeText(), "");
+    EXPECT_EQ(desk.cell(1, 1), "Anchor");
+  }
+  desk.compose("", "하");
+  desk.key(Qt::Key_Return);
+  EXPECT_FALSE(desk.editIsOpen());
+  EXPECT_EQ(desk.cell(1, 1), "하");
+}
+
+TEST_F(InputMethodTest, NumericEditorsAndCellsWithoutEditorsTakeNoComposition) {
+  focusOn("qty");
+  desk.compose("ㅎ", "");
+  ASSERT_TRUE(desk.editIsOpen());
+  EXPECT_EQ(desk.editBox().displayText(), "3");
+  desk.compose("하", "");
+  desk.compose("", "하");
+  EXPECT_EQ(desk.editBox().displayText(), "3");
+  desk.key(Qt::Key_Escape);
+  focusOn("paid");
+  desk.compose("ㅎ", "");
+  desk.compose("", "하");
+  EXPECT_FALSE(desk.editIsOpen());
+  EXPECT_EQ(desk.takeText(), "");
+}
+
+// The limit of the cell counts composed characters as it counts others.
+TEST_F(InputMethodTest, TheLimitHolds) {
+  focusOn("name");
+  desk.compose("", "가나다라마바사아자차카타");
+  EXPECT_EQ(desk.editBox().text().size(), 10);
+}
+
+TEST_F(InputMethodTest, CharactersOutsideTheBasicPlaneStayWhole) {
+  focusOn("name");
+  const QString clef = QString::fromUcs4(U"\U0001D11E");
+  desk.compose("", clef);
+  desk.key(Qt::Key_unknown, {}, clef);
+  EXPECT_EQ(desk.editBox().text(), clef + clef);
+}
+
+TEST_F(InputMethodTest, TheCellSaysWhichCharactersItWants) {
+  focusOn("price");
+  EXPECT_TRUE(desk.view().inputMethodHints() & Qt::ImhLatinOnly);
+  desk.grid().setIme(1);
+  focusOn("name");
+  EXPECT_FALSE(desk.view().inputMethodHints() & Qt::ImhLatinOnly);
+}
+
+}  // namespace
+}  // namespace tessera::test

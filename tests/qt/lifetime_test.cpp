@@ -1,0 +1,137 @@
+// Grids that come and go, also from inside their own events.
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+#include "qt/qt_desk.h"
+
+namespace tessera::test {
+namespace {
+
+struct Destruction {
+  EventId event;
+  void (*script)(QtDesk& desk);
+};
+
+constexpr QPoint secondName{60, 50}, headCheck{541, 10};
+
+void enterOn(QtDesk& desk, const char* colid) {
+  desk.grid().setFocus();
+  desk.grid().setColumnPosition(colid);
+  if (desk.hasGrid()) desk.key(Qt::Key_Return);
+}
+
+const Destruction destructions[] = {
+    {EventId::OnLButtonDown, [](QtDesk& desk) { desk.click(secondName); }},
+    {EventId::OnLButtonUp, [](QtDesk& desk) { desk.click(secondName); }},
+    {EventId::OnLButtonDblClk,
+     [](QtDesk& desk) {
+       desk.click(secondName);
+       desk.mouse(QEvent::MouseButtonDblClick, Qt::LeftButton, secondName);
+     }},
+    {EventId::OnRButtonDown,
+     [](QtDesk& desk) { desk.mouse(QEvent::MouseButtonPress, Qt::RightButton, secondName); }},
+    {EventId::OnSelChange, [](QtDesk& desk) { desk.click(secondName); }},
+    {EventId::OnSelChanged, [](QtDesk& desk) { desk.key(Qt::Key_Down); }},
+    {EventId::OnSetFocus, [](QtDesk& desk) { desk.grid().focusGrid(); }},
+    {EventId::OnKillFocus,
+     [](QtDesk& desk) {
+       enterOn(desk, "name");
+       desk.after().setFocus();
+     }},
+    {EventId::OnEnter, [](QtDesk& desk) { enterOn(desk, "name"); }},
+    {EventId::OnExit,
+     [](QtDesk& desk) {
+       enterOn(desk, "name");
+       desk.key(Qt::Key_Return);
+     }},
+    {EventId::OnChar,
+     [](QtDesk& desk) {
+       enterOn(desk, "name");
+       desk.type("ab");
+     }},
+    {EventId::OnKeyDown, [](QtDesk& desk) { desk.key(Qt::Key_F5); }},
+    {EventId::OnPopup, [](QtDesk& desk) { enterOn(desk, "file"); }},
+    {EventId::OnDropDown, [](QtDesk& desk) { enterOn(desk, "size"); }},
+    {EventId::OnCloseUp,
+     [](QtDesk& desk) {
+       enterOn(desk, "size");
+       desk.key(Qt::Key_Return);
+     }},
+    {EventId::OnLastDown,
+     [](QtDesk& desk) {
+       desk.grid().setRowPosition(7);
+       desk.key(Qt::Key_Down);
+     }},
+    {EventId::OnHeadCheckClick, [](QtDesk& desk) { desk.click(headCheck); }},
+    {EventId::OnMenuSelected,
+     [](QtDesk& desk) {
+       QTimer::singleShot(0, [] {
+         auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+         menu->setActiveAction(menu->actions()[0]);
+         QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, {});
+         QApplication::sendEvent(menu, &enter);
+       });
+       desk.grid().trackPopupMenu(5, 5);
+     }},
+    {EventId::OnError, [](QtDesk& desk) { desk.grid().setMenuInfo("no menu"); }},
+};
+
+class DestructionTest : public testing::TestWithParam<Destruction> {};
+
+TEST_P(DestructionTest, EndsInPeace) {
+  QtDesk desk("editors.xml");
+  if (GetParam().event != EventId::OnSetFocus) desk.grid().setFocus();
+  desk.runInside(GetParam().event, [&desk] { desk.destroyGrid(); });
+  desk.takeEvents();
+  GetParam().script(desk);
+  const std::vector<std::string> told = desk.takeEvents();
+  ASSERT_FALSE(desk.hasGrid());
+  ASSERT_FALSE(told.empty());
+  EXPECT_TRUE(told.back().starts_with(eventName(GetParam().event))) << told.back();
+  desk.settle();
+}
+
+INSTANTIATE_TEST_SUITE_P(Events, DestructionTest, testing::ValuesIn(destructions),
+                         [](const auto& row) { return std::string(eventName(row.param.event)); });
+
+// The menu's own loop is under way, inside a call of the grid.
+TEST(Lifetime, AGridMayGoWhileItsMenuIsOpen) {
+  QtDesk desk("editors.xml");
+  QTimer::singleShot(0, [&desk] {
+    desk.destroyGrid();
+    QApplication::activePopupWidget()->close();
+  });
+  desk.grid().trackPopupMenu(5, 5);
+  EXPECT_FALSE(desk.hasGrid());
+  desk.settle();
+}
+
+// An edit that is open at the end is kept.
+TEST(Lifetime, TheEndSavesAnOpenEdit) {
+  QtDesk desk("editors.xml");
+  enterOn(desk, "name");
+  desk.type("Ankh");
+  desk.destroyGrid();
+  EXPECT_EQ(desk.cell(1, 1), "Ankh");
+}
+
+TEST(Lifetime, AHundredGridsComeAndGo) {
+  for (int round = 0; round < 2; ++round) {
+    std::vector<std::unique_ptr<QtDesk>> desks;
+    for (int i = 0; i < 50; ++i) {
+      desks.push_back(std::make_unique<QtDesk>("editors.xml"));
+      QtDesk& desk = *desks.back();
+      enterOn(desk, i % 2 == 0 ? "name" : "size");
+      desk.type("M");
+      desk.key(Qt::Key_Return);
+      EXPECT_EQ(desk.cell(1, i % 2 == 0 ? 1 : 7), "M");
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tessera::test

@@ -1,0 +1,87 @@
+// A dialog with a grid between two line edits, and the hands of the person before it.
+
+#pragma once
+
+#include <QEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScrollBar>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <tessera/tessera_widget.h>
+
+#include "tools/tessera/open_form.h"
+
+namespace tessera::test {
+
+// The form's path below tests/console/forms. At the start the line edit before the grid has the focus and the
+// grid's client area the form's size.
+class QtDesk {
+ public:
+  explicit QtDesk(const std::string& form);
+  // Runs the event loop until nothing is left that was destroyed on the way.
+  ~QtDesk();
+  QtDesk(const QtDesk&) = delete;
+  QtDesk& operator=(const QtDesk&) = delete;
+
+  TesseraWidget& grid() { return *grid_; }
+  bool hasGrid() const { return grid_ != nullptr; }
+  void destroyGrid();
+  QLineEdit& before() { return *before_; }
+  QLineEdit& after() { return *after_; }
+  // The client area.
+  QWidget& view() { return *view_; }
+  QLineEdit& editBox() { return *view_->findChild<QLineEdit*>(); }
+  bool editIsOpen() { return view_->rect().intersects(editBox().geometry()); }
+  // Whether none of the grid's windows has the focus.
+  bool gridIsAway();
+  // Null while no list is shown.
+  QListWidget* list();
+  QScrollBar& bar(Qt::Orientation orientation);
+  DataSetControl* dataSet(const std::string& id);
+  std::string cell(std::int32_t row, std::int32_t column);  // of the first data set
+
+  // Every event of the grid as "OnEnter("name", 1)", in order, since the last call.
+  std::vector<std::string> takeEvents();
+  std::string takeText();  // the same, each with "; " behind it
+  void dropEvent(const std::string& text) { std::erase(events_, text); }
+  void answer(EventId event, const QVariant& value) { grid_->setHandler(event, logging(event, value)); }
+  // Runs in the event.
+  void runInside(EventId event, std::function<void()> action);
+  void fitClient(Size client);
+
+  // Points in client pixels; whatever of the grid lies there gets the event.
+  void mouse(QEvent::Type type, Qt::MouseButton button, QPoint client, Qt::KeyboardModifiers held = {});
+  void click(QPoint client) {
+    mouse(QEvent::MouseButtonPress, Qt::LeftButton, client);
+    mouse(QEvent::MouseButtonRelease, Qt::LeftButton, client);
+  }
+  void wheel(QPoint client, int delta, Qt::KeyboardModifiers held = {});
+  // To whoever has the focus.
+  void key(int key, Qt::KeyboardModifiers held = {}, const QString& text = {});
+  void type(const QString& text);
+  void compose(const QString& preedit, const QString& commit);
+  void settle();  // lets the event loop run dry
+
+ private:
+  TesseraWidget::Handler logging(EventId event, const QVariant& value);
+  QWidget* targetAt(QPoint client);
+
+  OpenedForm opened_;
+  QWidget dialog_;
+  QLineEdit* before_;
+  TesseraWidget* grid_;
+  QLineEdit* after_;
+  QWidget* view_ = nullptr;
+  Qt::MouseButtons pressed_;
+  std::vector<std::string> events_;
+};
+
+// The text of an event as the console writes it.
+std::string eventText(EventId event, const QVariantList& arguments);
+
+}  // namespace tessera::test

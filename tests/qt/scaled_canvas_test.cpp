@@ -1,0 +1,156 @@
+// Drawing in logical pixels on device pixels.
+
+#include "backends/qt/scaled_canvas.h"
+
+#include <QImage>
+#include <QLineEdit>
+#include <gtest/gtest.h>
+#include <set>
+
+#include "qt/qt_desk.h"
+#include "tools/tessera/form_host.h"
+
+namespace tessera::test {
+namespace {
+
+constexpr ColorRef red = rgb(255, 0, 0), white = rgb(255, 255, 255), black = rgb(0, 0, 0);
+
+class RatioTest : public testing::TestWithParam<double> {
+ protected:
+  std::uint32_t pixel(std::int32_t x, std::int32_t y) { return canvas.device().pixel(x, y); }
+  int count(ColorRef color) {
+    const Bitmap all = canvas.device().snapshot();
+    return static_cast<int>(std::count(all.pixels.begin(), all.pixels.end(), pixelOf(color)));
+  }
+  int pixels() { return canvas.device().size().width * canvas.device().size().height; }
+
+  ScaledCanvas canvas{{64, 48}, GetParam()};
+};
+
+TEST_P(RatioTest, NeighboursMeetAndDoNotOverlap) {
+  const Size device = canvas.device().size();
+  EXPECT_EQ(device.width, std::lround(64 * GetParam()));
+  canvas.fill({0, 0, 64, 48}, white);
+  EXPECT_EQ(count(white), pixels());
+  // Every third column and every fifth row as a line, all between them as cells.
+  for (std::int32_t x = 0; x < 64; x += 3) canvas.polyline(std::array{Point{x, 0}, Point{x, 47}}, black, 1);
+  for (std::int32_t y = 0; y < 48; y += 5) canvas.polyline(std::array{Point{0, y}, Point{63, y}}, black, 1);
+  const int lines = count(black);
+  for (std::int32_t y = 0; y < 48; y += 5) {
+    for (std::int32_t x = 0; x < 64; x += 3) canvas.fill({x + 1, y + 1, x + 3, y + 5}, red);
+  }
+  EXPECT_EQ(count(black), lines) << "no cell covers a line";
+  EXPECT_EQ(count(white), 0) << "no gap between cells and lines";
+  EXPECT_EQ(count(red) + lines, pixels());
+}
+
+TEST_P(RatioTest, CopiesLieWhereFillsWould) {
+  canvas.fill({0, 0, 64, 48}, white);
+  const Bitmap source(16, 16, pixelOf(red));
+  canvas.blit({5, 7, 40, 40}, source, 2, 3);  // 14 by 13 pixels are there
+  const int copied = count(red);
+  canvas.fill({5, 7, 19, 20}, black);
+  EXPECT_EQ(count(red), 0);
+  EXPECT_EQ(count(black), copied);
+  const auto surface = canvas.createSurface({64, 48});
+  surface->fill({0, 0, 64, 48}, red);
+  canvas.blitSurface({0, 0, 64, 48}, *surface, 0, 0);
+  EXPECT_EQ(count(red), pixels());
+}
+
+TEST_P(RatioTest, TextsFitTheirExtents) {
+  LogFont font;
+  font.setFace("DejaVu Sans");
+  font.lfHeight = -12;
+  const std::u16string_view text = u"Wagon 42";
+  const Size extent = canvas.textExtent(font, text);
+  ASSERT_LT(extent.width, 64);
+  canvas.fill({0, 0, 64, 48}, white);
+  canvas.text({0, 0, 64, 48}, 0, 4, font, black, text);
+  const int inAll = pixels() - count(white);
+  canvas.fill({0, 4, extent.width, 4 + extent.height}, white);
+  EXPECT_GT(inAll, 0);
+  EXPECT_EQ(count(white), pixels()) << "nothing of it lies outside";
+  // Of the size that the ratio asks for, not of a smaller one: no more than a pixel a letter is rounded.
+  LogFont twelve = font;
+  RasterCanvas plain({64, 48});
+  EXPECT_NEAR(extent.width, plain.textExtent(twelve, text).width, 8);
+}
+
+TEST_P(RatioTest, EdgesKeepInsideTheirArea) {
+  canvas.fill({0, 0, 64, 48}, red);
+  canvas.edge({10, 10, 30, 30}, Edge::RaisedInner);
+  canvas.focusRect({12, 12, 28, 28});
+  const int drawn = pixels() - count(red);
+  EXPECT_GT(drawn, 0);
+  canvas.fill({10, 10, 30, 30}, red);
+  EXPECT_EQ(count(red), pixels());
+}
+
+INSTANTIATE_TEST_SUITE_P(Ratios, RatioTest, testing::Values(1.25, 1.5, 1.75, 2.0, 3.0));
+
+// At the ratio that the environment sets.
+class HighDpi : public testing::Test {
+ protected:
+  double ratio() { return desk.grid().devicePixelRatioF(); }
+  // Of the client area.
+  QImage picture() { return desk.view().grab().toImage(); }
+
+  QtDesk desk{"editors.xml"};
+};
+
+Bitmap headlessPicture() {
+  auto opened = openForm(TESSERA_SOURCE_DIR "/tests/console/forms/editors.xml");
+  FormHost host(std::move(*opened));
+  host.window()->paint();
+  return host.window()->canvas().snapshot();
+}
+
+// A blurred picture has colours between those of the lines and the cells.
+TEST_F(HighDpi, PicturesAreTheHeadlessDesktopsOnMorePixels) {
+  const QByteArray wanted = qgetenv("QT_SCALE_FACTOR");
+  EXPECT_DOUBLE_EQ(ratio(), wanted.isEmpty() ? 1.0 : wanted.toDouble());
+  const Bitmap plain = headlessPicture();
+  const QImage image = picture();
+  ASSERT_EQ(image.width(), std::lround(plain.width * ratio()));
+  constexpr int besideTheNames = 88;
+  std::set<QRgb> colors, plainColors;
+  for (int y = 0; y < plain.height; ++y) plainColors.insert(plain.at(besideTheNames, y));
+  for (int y = 0; y < image.height(); ++y) {
+    colors.insert(image.pixel(static_cast<int>(besideTheNames * ratio()), y));
+  }
+  EXPECT_GT(colors.size(), 2u);
+  EXPECT_EQ(colors, plainColors);
+  if (ratio() != 1.0) return;
+  int different = 0;
+  for (int y = 0; y < plain.height; ++y) {
+    for (int x = 0; x < plain.width; ++x) different += image.pixel(x, y) != plain.at(x, y) ? 1 : 0;
+  }
+  EXPECT_EQ(different, 0);
+}
+
+TEST_F(HighDpi, PressesAndEditorsLieOnTheirCells) {
+  desk.click({60, 50});
+  EXPECT_EQ(desk.takeText(),
+            "OnSetFocus(); OnSelChange(\"name\", 2); OnSelChanged(\"name\", 2); "
+            "OnLButtonDown(3, 2, \"name\", 60, 50); OnLButtonUp(3, 2, \"name\", 60, 50); ");
+  desk.key(Qt::Key_Return);
+  EXPECT_EQ(desk.editBox().geometry(), QRect(24, 40, 69, 19));
+}
+
+// Letters are set in the device's size: a picture that was only enlarged has square blocks of equal pixels.
+TEST_F(HighDpi, LettersAreSharp) {
+  const QImage image = picture();
+  if (image.devicePixelRatio() != 2.0) return;
+  int uneven = 0;
+  for (int y = 0; y + 1 < image.height(); y += 2) {
+    for (int x = 0; x + 1 < image.width() / 2; x += 2) {
+      const QRgb first = image.pixel(x, y);
+      uneven += first != image.pixel(x + 1, y) || first != image.pixel(x, y + 1) ? 1 : 0;
+    }
+  }
+  EXPECT_GT(uneven, 100);
+}
+
+}  // namespace
+}  // namespace tessera::test
