@@ -57,6 +57,8 @@ struct Form {
   std::vector<GridProperty> properties;
   std::vector<Place> order;  // of all components, as they stand in the form
 
+  // For data that came without a form.
+  bool isMadeUp() const { return dataSets.size() == 1 && dataSets.front().line == 0; }
   AmbientFont ambientFont() const { return {XString::fromNarrow(font), fontSize}; }
 };
 

@@ -11,10 +11,11 @@ FormError placed(const Form& form, int line, const LoadError& error) {
 
 }  // namespace
 
-Loaded<FormComponents> loadComponents(const Form& form, PictureLoader& pictures) {
+Loaded<FormComponents> loadComponents(const Form& form, PictureLoader& pictures,
+                                      const LoadProgress& progress) {
   FormComponents components;
   for (const DataSetForm& data : form.dataSets) {
-    auto opened = openDataSet(data.source, data.options);
+    auto opened = openDataSet(data.source, data.options, progress);
     if (!opened) return placed(form, data.line, opened.error());
     components.dataSets.push_back(std::move(*opened));
   }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "components/folder_image_set.h"
+#include "components/load_progress.h"
 #include "tools/tessera/form.h"
 
 namespace tessera {
@@ -18,6 +19,7 @@ struct FormComponents {
 
 // A fault in the data names the data's file and line, any other fault the form's. `pictures` is borrowed and
 // must outlive the image sets.
-Loaded<FormComponents> loadComponents(const Form& form, PictureLoader& pictures);
+Loaded<FormComponents> loadComponents(const Form& form, PictureLoader& pictures,
+                                      const LoadProgress& progress = {});
 
 }  // namespace tessera

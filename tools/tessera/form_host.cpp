@@ -7,29 +7,9 @@
 #include "interaction/keys.h"
 #include "shared/compare.h"
 #include "shared/utf.h"
+#include "tools/tessera/form_property_bag.h"
 
 namespace tessera {
-
-namespace {
-
-class FormPropertyBag : public PropertyBag {
- public:
-  explicit FormPropertyBag(const std::vector<GridProperty>& properties) : properties_(properties) {}
-
-  bool read(const XString& name, XValue& value) override {
-    for (const GridProperty& property : properties_) {
-      if (utf16FromUtf8(property.name) != name.view()) continue;
-      value.setText(property.text);
-      return true;
-    }
-    return false;
-  }
-
- private:
-  const std::vector<GridProperty>& properties_;
-};
-
-}  // namespace
 
 FormHost::FormHost(OpenedForm opened, ITesseraEvents* events)
     : opened_(std::move(opened)),

@@ -12,8 +12,9 @@ namespace tessera {
 
 namespace {
 
-// The rows that decide a column's width.
-constexpr std::int32_t measuredRows = 300;
+// The rows that decide a column's width: those of the first pages, and some of all the others.
+constexpr std::int32_t firstRows = 300;
+constexpr std::int32_t furtherRows = 100;
 
 constexpr std::int32_t cellMargins = 3 + 3;  // of every cell record, on each axis
 constexpr std::int32_t gridLine = 1;
@@ -30,7 +31,6 @@ class ColumnWriter {
     font_.setFace(form.font);
     height_ = canvas_.textExtent(font_, u"Ag").height + cellMargins + gridLine;
     data.GetRowCount(rows_);
-    rows_ = std::min(rows_, measuredRows);
   }
 
   std::string run() {
@@ -44,10 +44,13 @@ class ColumnWriter {
  private:
   std::int32_t widthOf(std::int32_t column, const XString& name) {
     std::int32_t width = canvas_.textExtent(font_, name).width + sortMarkRoom;
-    for (std::int32_t row = 1; row <= rows_; ++row) {
+    const auto measure = [&](std::int32_t row) {
       data_.GetText(row, column, cell_);
       width = std::max(width, canvas_.textExtent(font_, cell_).width);
-    }
+    };
+    for (std::int32_t row = 1; row <= std::min(rows_, firstRows); ++row) measure(row);
+    const std::int32_t step = std::max(1, (rows_ - firstRows) / furtherRows);
+    for (std::int32_t row = rows_; row > firstRows; row -= step) measure(row);
     return std::clamp(width + cellMargins + gridLine, leastWidth, mostWidth);
   }
 

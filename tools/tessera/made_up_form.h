@@ -6,7 +6,7 @@
 
 namespace tessera {
 
-// The data set's fields as columns: the header shows the name, the width fits the content of the first rows,
+// The data set's fields as columns: the header shows the name, the width fits what most rows hold,
 // numbers stand on the right, every cell can be edited. The font is the form's.
 XString madeUpColumns(DataSetControl& data, const Form& form);
 

@@ -53,16 +53,6 @@ std::string splitTable(std::string& path) {
   return table;
 }
 
-Loaded<std::string> firstTable(const std::string& database) {
-  auto tables = loadSqliteQuery(database,
-                                "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE "
-                                "'sqlite\\_%' ESCAPE '\\' ORDER BY rowid LIMIT 1");
-  if (!tables) return tables.error();
-  if (tables->store.recordCount() == 0) return LoadError{database, 0, "the database has no table"};
-  NumberBuffer buffer;
-  return std::string(tables->store.column(0).shown(0, buffer));
-}
-
 Loaded<Form> describe(const std::string& name) {
   DataSource source;
   source.database = name;
@@ -78,25 +68,38 @@ Loaded<Form> describe(const std::string& name) {
     }
   }
   if (source.table.empty()) {
-    const auto table = firstTable(source.database);
-    if (!table) return table.error();
-    source.table = *table;
+    const auto tables = databaseTables(source.database);
+    if (!tables) return tables.error();
+    if (tables->empty()) return LoadError{source.database, 0, "the database has no table"};
+    source.table = tables->front();
   }
   return madeUpForm(source);
 }
 
-bool isMadeUp(const Form& form) { return form.dataSets.size() == 1 && form.dataSets.front().line == 0; }
-
 }  // namespace
 
-Loaded<OpenedForm> openForm(const std::string& name) {
+Loaded<std::vector<std::string>> databaseTables(const std::string& path) {
+  std::vector<std::string> tables;
+  if (kindOf(path) != SourceKind::Database) return tables;
+  auto rows = loadSqliteQuery(path,
+                              "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE "
+                              "'sqlite\\_%' ESCAPE '\\' ORDER BY rowid");
+  if (!rows) return rows.error();
+  NumberBuffer buffer;
+  for (std::int32_t row = 0; row < rows->store.recordCount(); ++row) {
+    tables.emplace_back(rows->store.column(0).shown(row, buffer));
+  }
+  return tables;
+}
+
+Loaded<OpenedForm> openForm(const std::string& name, const LoadProgress& progress) {
   auto form = describe(name);
   if (!form) return form.error();
   OpenedForm opened{std::move(*form), std::make_unique<PixbufPictureLoader>(), {}};
-  auto components = loadComponents(opened.form, *opened.pictures);
+  auto components = loadComponents(opened.form, *opened.pictures, progress);
   if (!components) return components.error();
   opened.components = std::move(*components);
-  if (isMadeUp(opened.form)) {
+  if (opened.form.isMadeUp()) {
     MemoryDataSet& data = *opened.components.dataSets.front().rows;
     opened.form.properties.push_back({"ColumnInfo", madeUpColumns(data, opened.form)});
   }

@@ -3,6 +3,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "backends/native/pixbuf_picture_loader.h"
 #include "tools/tessera/form.h"
@@ -17,7 +19,10 @@ struct OpenedForm {
   FormComponents components;
 };
 
+// The tables of an SQLite database in the order of their making; none for any other file.
+Loaded<std::vector<std::string>> databaseTables(const std::string& path);
+
 // FORM, FILE.csv, FILE.sqlite or FILE.sqlite:TABLE. A database without a table opens with its first one.
-Loaded<OpenedForm> openForm(const std::string& name);
+Loaded<OpenedForm> openForm(const std::string& name, const LoadProgress& progress = {});
 
 }  // namespace tessera

@@ -18,11 +18,18 @@ constexpr int badInput = 2;
 
 struct Options {
   std::string form;
+  ViewOptions view;
   ConsoleOptions console;
   RenderOptions render;
   std::string expression;
   std::int32_t row = 1;
 };
+
+void describeView(CLI::App& command, Options& options) {
+  command.add_option("form", options.view.file, "form, .csv file, .sqlite file or .sqlite:TABLE");
+  command.add_option("--state", options.view.statePath,
+                     "file that tells at any time what the window shows, for programs that drive it");
+}
 
 void describeRender(CLI::App& command, Options& options) {
   command.add_option("form", options.form, "form, .csv file, .sqlite file or .sqlite:TABLE")->required();
@@ -75,13 +82,20 @@ int runEval(OpenedForm opened, const Options& options, ProgramStreams streams) {
   return runEval(host.control().parts().link, options, streams);
 }
 
+int runView(const ViewCommand& view, const Options& options, ProgramStreams streams) {
+  if (view) return view(options.view, streams);
+  return fail(streams.err, "this build has no desktop: it was configured with TESSERA_QT=OFF");
+}
+
 }  // namespace
 
-int runProgram(const std::vector<std::string>& arguments, ProgramStreams streams) {
+int runProgram(const std::vector<std::string>& arguments, ProgramStreams streams, const ViewCommand& view) {
   CLI::App app("Tessera, a data grid", "tessera");
   app.set_version_flag("--version", "tessera " TESSERA_VERSION);
   app.require_subcommand(1);
   Options options;
+  CLI::App& window = *app.add_subcommand("view", "Show and edit a form in a window");
+  describeView(window, options);
   CLI::App& render = *app.add_subcommand("render", "Paint a form into a picture");
   describeRender(render, options);
   CLI::App& console = *app.add_subcommand("console", "Obey one command a line from the standard input");
@@ -95,6 +109,7 @@ int runProgram(const std::vector<std::string>& arguments, ProgramStreams streams
   } catch (const CLI::ParseError& error) {
     return fail(streams.err, error.what());
   }
+  if (window.parsed()) return runView(view, options, streams);
   if (eval.parsed() && options.form.empty()) return runEval(DataLink(), options, streams);
   auto opened = openForm(options.form);
   if (!opened) return fail(streams.err, opened.error().message());

@@ -1,0 +1,201 @@
+#include "tools/view/grid_commands.h"
+
+#include <gtest/gtest.h>
+
+#include "view/view_fixture.h"
+
+namespace tessera {
+namespace {
+
+using testing::OpenGrid;
+
+class Commands : public ::testing::Test {
+ protected:
+  GridCommands commands() { return {open_.grid(), open_.rows()}; }
+
+  OpenGrid open_{"editors.xml"};
+};
+
+TEST_F(Commands, CopyTheTextThatIsShown) {
+  struct Row {
+    const char* column;
+    std::int32_t row;
+    const char* text;
+  };
+  const Row rows[] = {{"bike", 1, "Touring 28"},
+                      {"price", 4, "498.00"},
+                      {"state", 4, "In progress"},
+                      {"mechanic", 2, "Moritz"}};
+  for (const Row& row : rows) {
+    open_.focus(row.row, row.column);
+    QString text;
+    commands().copy(text);
+    EXPECT_EQ(text.toStdString(), row.text);
+  }
+  open_.focus(2, "bike");
+  open_.grid().put_ColumnPosition(u"");
+  QString text;
+  commands().copy(text);
+  EXPECT_TRUE(text.startsWith("2\tCity 26\tEva Andersson\tCT26\t0.75\t38.90\tbrakes")) << text.toStdString();
+  EXPECT_TRUE(text.endsWith('\n'));
+}
+
+TEST_F(Commands, PasteWhatTheCellTakes) {
+  struct Row {
+    const char* column;
+    std::int32_t row;
+    const char* clipboard;
+    const char* field;
+    const char* stored;
+    bool silent;  // nothing to tell the person
+  };
+  const Row rows[] = {
+      {"bike", 1, "Trial 20", "BIKE", "Trial 20", true},
+      {"bike", 2, "first\nsecond", "BIKE", "first", true},
+      {"bike", 3, "first\r\nsecond", "BIKE", "first", true},
+      {"bike", 4, "a name of more than twenty letters", "BIKE", "a name of more than ", false},
+      {"bike", 5, "", "BIKE", "", true},
+      {"code", 1, "abcd", "CODE", "ABCD", true},
+      {"price", 1, "1,234.50", "PRICE", "1234.50", false},
+      {"price", 3, "dear", "PRICE", "312.40", false},
+      {"price", 2, "77", "PRICE", "38.90", false},  // paid for, so not to be edited
+      {"hours", 1, "-2.755", "HOURS", "-2.75", false},
+      {"job", 1, "9", "JOB", "1", false},
+      {"state", 1, "R", "STATE", "W", false},
+      {"paid", 1, "1", "PAID", "0", false},
+      {"photo", 1, "x.png", "PHOTO", "bikes/1.png", false},
+      {"customer", 6, "Zoë 최", "CUSTOMER", "Zoë 최", true},
+  };
+  for (const Row& row : rows) {
+    open_.focus(row.row, row.column);
+    const QString said = commands().paste(row.clipboard);
+    EXPECT_EQ(open_.stored(row.row, row.field), row.stored) << row.clipboard;
+    EXPECT_EQ(said.isEmpty(), row.silent) << row.clipboard << ": " << said.toStdString();
+    EXPECT_FALSE(open_.grid().parts().editor.active) << row.clipboard;
+  }
+}
+
+TEST_F(Commands, EditOnlyWhatMayBeEdited) {
+  struct Row {
+    const char* column;
+    std::int32_t row;
+    bool editor;
+    bool list;
+  };
+  const Row rows[] = {{"bike", 1, true, false},  {"price", 1, true, false}, {"price", 2, false, false},
+                      {"state", 1, false, true}, {"job", 1, false, false},  {"paid", 1, false, false}};
+  for (const Row& row : rows) {
+    open_.focus(row.row, row.column);
+    const QString said = commands().editCell();
+    EXPECT_EQ(open_.grid().parts().editor.active, row.editor) << row.column;
+    EXPECT_EQ(open_.grid().controllers().editors.list().isOpen(), row.list) << row.column;
+    EXPECT_EQ(said.isEmpty(), row.editor || row.list) << said.toStdString();
+    EXPECT_TRUE(commands().finishEdit());
+    open_.grid().controllers().editors.list().close(false);
+  }
+  EXPECT_EQ(open_.stored(1, "PAID"), "0");
+}
+
+// Whatever changes rows writes an open edit first, into the row that it belongs to.
+TEST_F(Commands, SaveTheOpenEditFirst) {
+  const auto type = [&](std::int32_t row, const char16_t* text) {
+    open_.focus(row, "bike");
+    open_.grid().ActivateEdit();
+    open_.grid().parts().editor.box->setText(text);
+  };
+  type(3, u"Inserted over");
+  commands().insertRow();
+  EXPECT_EQ(open_.stored(4, "BIKE"), "Inserted over");
+  EXPECT_EQ(open_.stored(3, "BIKE"), "");
+  EXPECT_EQ(open_.place(), "bike 3");
+  type(1, u"ZZZ");
+  commands().sort(GridCommands::Order::Descending);
+  EXPECT_EQ(open_.stored(1, "BIKE"), "ZZZ");
+  EXPECT_EQ(open_.place(), "bike 1");
+}
+
+class StayOpen : public ITesseraEvents {
+ public:
+  HResult Invoke(EventId id, std::span<const XValue>, XValue& result) override {
+    if (id == EventId::OnExit && stays) result = XValue::ofInt(1);
+    return S_OK;
+  }
+  bool stays = true;
+};
+
+TEST(CommandsOfAStubbornForm, DoNothingWhileTheEditorStays) {
+  StayOpen answer;
+  OpenGrid open("editors.xml", &answer);
+  GridCommands commands(open.grid(), open.rows());
+  open.focus(2, "bike");
+  open.grid().ActivateEdit();
+  const std::int32_t rows = open.rowCount();
+  EXPECT_FALSE(commands.finishEdit());
+  EXPECT_FALSE(commands.deleteRows().isEmpty());
+  EXPECT_FALSE(commands.insertRow().isEmpty());
+  EXPECT_FALSE(commands.sort(GridCommands::Order::Ascending).isEmpty());
+  EXPECT_EQ(open.rowCount(), rows);
+  EXPECT_EQ(open.stored(1, "BIKE"), "Touring 28");
+  EXPECT_TRUE(open.grid().parts().editor.active);
+  answer.stays = false;
+  EXPECT_TRUE(commands.finishEdit());
+}
+
+TEST_F(Commands, InsertAndDeleteRows) {
+  open_.focus(2, "bike");
+  commands().insertRow();
+  EXPECT_EQ(open_.place(), "bike 2");
+  EXPECT_EQ(open_.stored(3, "JOB"), "2");
+  commands().appendRow();
+  EXPECT_EQ(open_.place(), "bike 12");
+  commands().deleteRows();
+  EXPECT_EQ(open_.place(), "bike 11");
+  EXPECT_EQ(open_.stored(11, "JOB"), "10");
+  // Whole rows: the three that are selected, from wherever they were chosen.
+  open_.focus(3, "bike");
+  open_.grid().put_ColumnPosition(u"");
+  const GridFrame frame = open_.grid().parts().frame();
+  const auto press = [&](std::int32_t row) {
+    const std::int32_t top = open_.grid().parts().page.VisibleRows.front()->row;
+    const Point at{4, frame.firstRowTop() + (row - top) * frame.rowHeight + 2};
+    open_.host().input().mouse(MouseAction::LeftDown, at, {.control = true});
+    open_.host().input().mouse(MouseAction::LeftUp, at, {.control = true});
+  };
+  press(6);
+  press(5);
+  XString selected;
+  open_.grid().get_SelectedRows(selected);
+  ASSERT_EQ(selected.toUtf8(), "3,5,6");
+  commands().deleteRows();
+  EXPECT_EQ(open_.rowCount(), 8);
+  EXPECT_EQ(open_.stored(3, "JOB"), "3");
+  EXPECT_EQ(open_.stored(4, "JOB"), "6");
+}
+
+TEST_F(Commands, FillAnEmptyDataSet) {
+  while (open_.rowCount() > 0) open_.rows()->DeleteRow(1);
+  EXPECT_FALSE(commands().deleteRows().isEmpty());
+  EXPECT_FALSE(commands().editCell().isEmpty());
+  commands().insertRow();
+  EXPECT_EQ(open_.rowCount(), 1);
+  open_.focus(1, "bike");
+  commands().paste("the first");
+  EXPECT_EQ(open_.stored(1, "BIKE"), "the first");
+}
+
+TEST_F(Commands, SortAndKeepTheCell) {
+  using Order = GridCommands::Order;
+  open_.focus(4, "customer");  // Cargo long
+  commands().sort(Order::Ascending);
+  EXPECT_EQ(open_.stored(1, "CUSTOMER"), "Anna Bauer");
+  EXPECT_EQ(open_.place(), "customer 10");
+  commands().sort(Order::Descending);
+  EXPECT_EQ(open_.stored(10, "CUSTOMER"), "Anna Bauer");
+  EXPECT_EQ(open_.place(), "customer 1");
+  commands().sort(Order::AsLoaded);
+  EXPECT_EQ(open_.stored(1, "CUSTOMER"), "Jürgen Ivanova");
+  EXPECT_EQ(open_.place(), "customer 4");
+}
+
+}  // namespace
+}  // namespace tessera
