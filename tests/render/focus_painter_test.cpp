@@ -186,6 +186,18 @@ TEST_F(FocusPainter, EditorPlace) {
   }
 }
 
+// A row is edited unless its level is above 0.
+TEST_F(FocusPainter, PopupEditorByLevel) {
+  last().child.type = CellKind::Edit;
+  last().child.subType = EditKind::Popup;
+  focusCell(2);
+  editorOpen = true;
+  for (const std::int32_t level : {-1, 0, 1}) {
+    data->rows[1].level = level;
+    EXPECT_EQ(paint().editorPlace.has_value(), level <= 0) << level;
+  }
+}
+
 TEST_F(FocusPainter, EditorPlaceStaysWithinTheNumbers) {
   constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
   last().child.type = CellKind::Edit;

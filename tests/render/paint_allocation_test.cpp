@@ -24,6 +24,7 @@ class BlankCanvas : public Canvas {
     ++texts;
   }
   std::unique_ptr<Canvas> createSurface(Size) override { return std::make_unique<BlankCanvas>(); }
+  bool isLike(const Canvas&) const override { return true; }
   void blitSurface(const Rect&, const Canvas&, std::int32_t, std::int32_t) override {}
 
   int texts = 0;
