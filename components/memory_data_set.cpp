@@ -11,8 +11,8 @@ namespace {
 
 constexpr std::int32_t integerLength = 11;
 constexpr std::int32_t longLength = 20;
-constexpr std::int32_t decimalLength = 18;  // beside the digits after the point
-constexpr std::int32_t textLength = 32767;
+constexpr std::int32_t decimalLength = 18;    // beside the digits after the point
+constexpr std::int32_t textLength = 1 << 30;  // characters; more than any cell has
 
 std::int32_t defaultLength(const ColumnFormat& format) {
   switch (format.type) {
@@ -187,8 +187,17 @@ bool MemoryDataSet::isWritable(std::int32_t row, std::int32_t column) const {
   return hasRow(row) && hasColumn(column) && entryAt(row) >= 0;
 }
 
+// A cell holds more than its text tells: further digits, or that it has no value. Who writes the text back
+// that the cell shows, as an editor does in which nothing was typed, means none of it.
+bool MemoryDataSet::shows(std::int32_t row, std::int32_t column, const XValue& value) {
+  if (value.type() != VT_BSTR) return false;
+  XString text;
+  GetText(row, column, text);
+  return text == value.asText();
+}
+
 void MemoryDataSet::SetValue(std::int32_t row, std::int32_t column, const XValue& value) {
-  if (!isWritable(row, column) || !notifier_.canChange(row)) return;
+  if (!isWritable(row, column) || shows(row, column, value) || !notifier_.canChange(row)) return;
   if (!isWritable(row, column)) return;  // whoever was asked may have removed the row
   FindIndex* find = finds_[static_cast<std::size_t>(column - 1)].get();
   if (find) find->beforeChange(row - 1);

@@ -148,6 +148,7 @@ class MemoryDataSet final : public DataSetControl {
   void resetRows(const Anchor& anchor);
   void addRow(std::int32_t place, std::int32_t record);
   void removeRow(std::int32_t place);
+  bool shows(std::int32_t row, std::int32_t column, const XValue& value);
   void cellWritten(std::int32_t row, std::int32_t column);
   void rowNumbersChanged();
 

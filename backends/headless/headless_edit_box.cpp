@@ -2,7 +2,7 @@
 
 #include "backends/headless/child_look.h"
 #include "backends/headless/headless_window.h"
-#include "backends/headless/keys.h"
+#include "platform/key_codes.h"
 
 namespace tessera {
 
@@ -67,7 +67,9 @@ void HeadlessEditBox::place(const Rect& rect) {
   changed();
 }
 
-void HeadlessEditBox::setFocus() { window_.desktop().focus.moveTo(this); }
+void HeadlessEditBox::setFocus() {
+  if (window_.enabled()) window_.desktop().focus.moveTo(this);
+}
 
 bool HeadlessEditBox::hasFocus() const { return window_.desktop().focus.holder() == this; }
 
@@ -87,19 +89,19 @@ void HeadlessEditBox::pressKey(std::int32_t key) {
 void HeadlessEditBox::processKey(std::int32_t key) {
   const bool extend = window_.modifiers().shift;
   switch (key) {
-    case keys::left:
+    case key::left:
       line_.stepLeft(extend);
       break;
-    case keys::right:
+    case key::right:
       line_.stepRight(extend);
       break;
-    case keys::home:
+    case key::home:
       line_.moveTo(0, extend);
       break;
-    case keys::end:
+    case key::end:
       line_.moveTo(line_.length(), extend);
       break;
-    case keys::remove:
+    case key::remove:
       line_.removeAfter();
       break;
     default:
@@ -113,9 +115,9 @@ void HeadlessEditBox::typeCharacter(char16_t character) {
   if (window_.modifiers().control) return;
   const auto life = life_.watch();
   if (!owner_.editAllows(character) || life.expired()) return;
-  if (character == keys::backspace) {
+  if (character == key::backspace) {
     line_.removeBefore();
-  } else if (!keys::isControl(character)) {
+  } else if (!key::isControl(character)) {
     line_.insert(inCase(character));
   }
   changed();

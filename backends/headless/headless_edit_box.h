@@ -4,9 +4,9 @@
 
 #include "backends/headless/edit_line.h"
 #include "backends/headless/keyboard_focus.h"
-#include "backends/headless/lifeline.h"
 #include "platform/canvas.h"
 #include "platform/edit_box.h"
+#include "platform/lifeline.h"
 
 namespace tessera {
 

@@ -1,30 +1,20 @@
 #include "backends/headless/headless_input.h"
 
 #include "backends/headless/headless_window.h"
-#include "backends/headless/keys.h"
+#include "platform/key_codes.h"
+#include "platform/messages.h"
 
 namespace tessera {
 
 namespace {
 
-namespace message {
-constexpr std::uint32_t setCursor = 32, keyDown = 256, keyUp = 257, character = 258, timer = 275, wheel = 522;
-}
-
-// The words that go with a mouse message.
-constexpr std::uint64_t leftHeld = 1, rightHeld = 2, shiftHeld = 4, controlHeld = 8;
 constexpr std::int64_t overClient = 1;
-constexpr std::int32_t notch = 120;  // of the wheel
 
 std::uint64_t heldWith(MouseAction action, Modifiers modifiers) {
   const bool left = action == MouseAction::LeftDown || action == MouseAction::LeftDouble;
   const bool right = action == MouseAction::RightDown || action == MouseAction::RightDouble;
-  return (left ? leftHeld : 0) | (right ? rightHeld : 0) | (modifiers.shift ? shiftHeld : 0) |
-         (modifiers.control ? controlHeld : 0);
-}
-
-std::int64_t packed(Point point) {
-  return static_cast<std::int64_t>(point.y & 0xFFFF) << 16 | (point.x & 0xFFFF);
+  return (left ? held::left : 0) | (right ? held::right : 0) | (modifiers.shift ? held::shift : 0) |
+         (modifiers.control ? held::control : 0);
 }
 
 class HeldKeys {
@@ -43,13 +33,16 @@ class HeldKeys {
 // for the focus. The grid is not told that it has it.
 class KeysToGrid {
  public:
-  explicit KeysToGrid(HeadlessDesktop& desktop) : desktop_(desktop) { desktop_.keysToGrid = true; }
-  ~KeysToGrid() { desktop_.keysToGrid = false; }
+  explicit KeysToGrid(HeadlessDesktop& desktop) : desktop_(desktop), saved_(desktop.keysToGrid) {
+    desktop_.keysToGrid = !desktop_.focus.holder();
+  }
+  ~KeysToGrid() { desktop_.keysToGrid = saved_; }
   KeysToGrid(const KeysToGrid&) = delete;
   KeysToGrid& operator=(const KeysToGrid&) = delete;
 
  private:
   HeadlessDesktop& desktop_;
+  bool saved_;
 };
 
 }  // namespace
@@ -95,7 +88,7 @@ void HeadlessInput::mouseToGrid(MouseAction action, Point client) {
     desktop_.window->send(message::setCursor, 0, static_cast<std::int64_t>(number) << 16 | overClient);
   }
   if (!desktop_.window) return;
-  desktop_.window->send(number, heldWith(action, desktop_.modifiers), packed(client));
+  desktop_.window->send(number, heldWith(action, desktop_.modifiers), packedPoint(client));
 }
 
 // The wheel belongs to the window with the focus, which for the grid's children is the grid.
@@ -104,11 +97,11 @@ void HeadlessInput::wheel(Point client, std::int32_t delta) {
   const Point origin = desktop_.window->clientOrigin();
   desktop_.pointer = {addClamped(client.x, origin.x), addClamped(client.y, origin.y)};
   if (HeadlessListBox* list = listUnderPointer()) {
-    return list->scroll(mulClamped(subClamped(0, delta) / notch, desktop_.window->wheelLines()));
+    return list->scroll(mulClamped(subClamped(0, delta) / wheelNotch, desktop_.window->wheelLines()));
   }
   if (!desktop_.window->enabled()) return;
   const auto word = static_cast<std::uint32_t>(delta) << 16;
-  desktop_.window->send(message::wheel, word, packed(desktop_.pointer));
+  desktop_.window->send(message::wheel, word, packedPoint(desktop_.pointer));
 }
 
 void HeadlessInput::key(std::int32_t key, Modifiers modifiers) {
@@ -121,7 +114,7 @@ void HeadlessInput::key(std::int32_t key, Modifiers modifiers) {
   HeadlessWindow* const window = desktop_.window;
   if (!window) return;
   HeadlessEditBox* const box = window->editBox();
-  if (sent == keys::backspace && box && box->hasFocus()) box->typeCharacter(keys::backspace);
+  if (sent == key::backspace && box && box->hasFocus()) box->typeCharacter(key::backspace);
   if (desktop_.window && desktop_.window->hasFocus()) {
     desktop_.window->send(message::keyUp, static_cast<std::uint32_t>(key), 0);
   }

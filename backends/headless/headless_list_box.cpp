@@ -4,7 +4,7 @@
 
 #include "backends/headless/child_look.h"
 #include "backends/headless/headless_window.h"
-#include "backends/headless/keys.h"
+#include "platform/key_codes.h"
 #include "shared/compare.h"
 
 namespace tessera {
@@ -65,7 +65,7 @@ void HeadlessListBox::show(bool shown) {
 }
 
 void HeadlessListBox::setFocus() {
-  if (shown_) window_.desktop().focus.moveTo(this);
+  if (shown_ && window_.enabled()) window_.desktop().focus.moveTo(this);
 }
 
 bool HeadlessListBox::hasFocus() const { return window_.desktop().focus.holder() == this; }
@@ -103,19 +103,19 @@ void HeadlessListBox::pressKey(std::int32_t key) {
 void HeadlessListBox::processKey(std::int32_t key) {
   const std::int32_t page = pageSize();
   switch (key) {
-    case keys::up:
-    case keys::left:
+    case key::up:
+    case key::left:
       return goTo(chosen_ - 1);
-    case keys::down:
-    case keys::right:
+    case key::down:
+    case key::right:
       return goTo(chosen_ + 1);
-    case keys::pageUp:
+    case key::pageUp:
       return goTo(chosen_ - page + 1 - (page == 1 ? 1 : 0));
-    case keys::pageDown:
+    case key::pageDown:
       return goTo(std::max(chosen_, 0) + page - 1 + (page == 1 ? 1 : 0));
-    case keys::home:
+    case key::home:
       return goTo(0);
-    case keys::end:
+    case key::end:
       return goTo(count() - 1);
     default:
       return;

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "backends/headless/keyboard_focus.h"
-#include "backends/headless/lifeline.h"
 #include "platform/canvas.h"
+#include "platform/lifeline.h"
 #include "platform/list_box.h"
 
 namespace tessera {

@@ -4,6 +4,8 @@
 #include <string_view>
 #include <utility>
 
+#include "shared/scoped_flag.h"
+
 namespace tessera {
 
 namespace {
@@ -21,11 +23,6 @@ constexpr std::array<BorderLook, 5> borders = {
 const BorderLook& lookOf(WindowBorder border) { return borders[static_cast<std::size_t>(border)]; }
 
 constexpr std::int32_t barThickness = 17;
-
-namespace message {
-constexpr std::uint32_t setFocus = 7, killFocus = 8, hscroll = 276, vscroll = 277;
-}
-constexpr std::uint64_t thumbPosition = 4, thumbTrack = 5;
 
 Size boundedSize(Size size) {
   return {std::clamp(size.width, 0, HeadlessWindow::maxSide),
@@ -65,7 +62,7 @@ bool HeadlessWindow::send(std::uint32_t message, std::uint64_t wParam, std::int6
 void HeadlessWindow::noteThumb(std::uint32_t message, std::uint64_t wParam) {
   if (message != message::hscroll && message != message::vscroll) return;
   const std::uint64_t code = wParam & 0xFFFF;
-  if (code != thumbPosition && code != thumbTrack) return;
+  if (code != scroll_code::thumbPosition && code != scroll_code::thumbTrack) return;
   thumbs_[message - message::hscroll] = static_cast<std::int64_t>(wParam >> 16);
 }
 
@@ -128,13 +125,12 @@ void HeadlessWindow::paint() {
     dirty_ = true;
     return;
   }
-  painting_ = true;
+  const ScopedFlag painting(painting_);
   dirty_ = false;
   ++paintCount_;
   const std::shared_ptr<RasterCanvas> canvas = canvas_;
   painter_(*canvas);
   paintChildren(*canvas);
-  painting_ = false;
 }
 
 void HeadlessWindow::paintChildren(Canvas& canvas) const {
@@ -167,7 +163,8 @@ void HeadlessWindow::setBorder(WindowBorder border) {
 void HeadlessWindow::setEnabled(bool enabled) {
   enabled_ = enabled;
   note(enabled ? "enabled" : "disabled");
-  if (!enabled && hasFocus()) desktop_->focus.moveTo(nullptr);
+  const FocusHolder* const holder = desktop_->focus.holder();
+  if (!enabled && (holder == this || holder == editBox_ || holder == list_)) desktop_->focus.moveTo(nullptr);
 }
 
 void HeadlessWindow::setFocus() {

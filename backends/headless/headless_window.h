@@ -84,7 +84,7 @@ class HeadlessWindow : public Window, public FocusHolder {
   Size clientSize() const override { return canvas_->size(); }
   void repaint(const Rect* area) override;
   void setBorder(WindowBorder border) override;
-  // A window without input cannot keep the focus.
+  // A window without input cannot have the focus, nor can its children.
   void setEnabled(bool enabled) override;
   void setFocus() override;
   void setBarRange(Bar bar, const BarRange& range) override;

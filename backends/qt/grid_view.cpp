@@ -8,8 +8,8 @@
 #include <cstdlib>
 
 #include "backends/qt/key_codes.h"
-#include "backends/qt/messages.h"
 #include "backends/qt/qt_window.h"
+#include "platform/messages.h"
 
 namespace tessera {
 
@@ -32,8 +32,8 @@ std::uint64_t heldWith(const QMouseEvent& event) {
 // Keys that no shortcut of the program may take while the grid has the focus.
 bool isGridsOwn(const QKeyEvent& event) {
   const std::int32_t code = keyCode(event);
-  if (code >= keys::pageUp && code <= keys::down) return true;
-  return event.modifiers() == Qt::ControlModifier && (code == keys::c || code == keys::v);
+  if (code >= key::pageUp && code <= key::down) return true;
+  return event.modifiers() == Qt::ControlModifier && (code == key::c || code == key::v);
 }
 
 }  // namespace

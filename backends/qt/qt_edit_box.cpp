@@ -66,7 +66,7 @@ void QtEditBox::sendComposition() {
 // Backspace is a key and a character.
 void QtEditBox::pressKey(std::int32_t key, QKeyEvent& event, bool entersText) {
   const auto life = life_.watch();
-  const bool erases = key == keys::backspace && (event.modifiers() & Qt::ControlModifier) == 0;
+  const bool erases = key == key::backspace && (event.modifiers() & Qt::ControlModifier) == 0;
   if (key != 0) {
     if (owner_.editKeyDown(key) || life.expired()) return;
     if (!entersText && !erases) line_->process(event);
@@ -74,9 +74,9 @@ void QtEditBox::pressKey(std::int32_t key, QKeyEvent& event, bool entersText) {
     if (life.expired()) return;
   }
   if (entersText) return type(event.text());
-  if (!erases || !allowed(keys::backspace)) return;
+  if (!erases || !allowed(key::backspace)) return;
   line_->backspace();
-  owner_.editCharDone(keys::backspace);
+  owner_.editCharDone(key::backspace);
 }
 
 bool QtEditBox::allowed(char16_t character) {

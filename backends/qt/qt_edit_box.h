@@ -4,8 +4,8 @@
 
 #include <QPointer>
 
-#include "backends/headless/lifeline.h"
 #include "platform/edit_box.h"
+#include "platform/lifeline.h"
 
 class QInputMethodEvent;
 class QKeyEvent;

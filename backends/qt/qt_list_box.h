@@ -4,7 +4,7 @@
 
 #include <QPointer>
 
-#include "backends/headless/lifeline.h"
+#include "platform/lifeline.h"
 #include "platform/list_box.h"
 
 class QKeyEvent;

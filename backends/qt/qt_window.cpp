@@ -7,11 +7,12 @@
 #include <QScreen>
 
 #include "backends/qt/key_codes.h"
-#include "backends/qt/messages.h"
 #include "backends/qt/qt_edit_box.h"
 #include "backends/qt/qt_list_box.h"
 #include "backends/qt/qt_menu.h"
 #include "backends/qt/scaled_canvas.h"
+#include "platform/messages.h"
+#include "shared/scoped_flag.h"
 
 namespace tessera {
 
@@ -54,13 +55,11 @@ Modifiers modifiersOf(Qt::KeyboardModifiers modifiers) {
   return {(modifiers & Qt::ControlModifier) != 0, (modifiers & Qt::ShiftModifier) != 0};
 }
 
-bool isControl(QChar character) { return character.unicode() < u' ' || character.unicode() == 127; }
-
 // With Ctrl a key is a command, unless Alt makes it the third level of the keyboard.
 bool entersText(const QKeyEvent& event) {
   const Qt::KeyboardModifiers held = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
   const bool isCommand = held == Qt::ControlModifier || held == Qt::AltModifier;
-  return !isCommand && !event.text().isEmpty() && !isControl(event.text().front());
+  return !isCommand && !event.text().isEmpty() && !key::isControl(event.text().front().unicode());
 }
 
 }  // namespace
@@ -168,10 +167,11 @@ void QtWindow::drawNow() {
   if (painting_) return;
   const CallDepth::Scope call(calls_);
   const std::shared_ptr<Surface> target = surface();
-  painting_ = true;
   dirty_ = false;
-  owner_.draw(*target->canvas);
-  painting_ = false;
+  {
+    const ScopedFlag painting(painting_);
+    owner_.draw(*target->canvas);
+  }
   if (!closed_) view().update();
 }
 
@@ -228,21 +228,21 @@ void QtWindow::keyPressed(QKeyEvent& event) {
   event.accept();
   std::int32_t key = keyCode(event);
   Modifiers held = modifiersOf(event.modifiers());
-  held.shift = held.shift || key == keys::shift || event.key() == Qt::Key_Backtab;
-  held.control = held.control || key == keys::control;
+  held.shift = held.shift || key == key::shift || event.key() == Qt::Key_Backtab;
+  held.control = held.control || key == key::control;
   const Turn turn(*this, held);
   if (endsComposition(event, key)) return QGuiApplication::inputMethod()->commit();
   const KeyRoute route = key == 0 ? KeyRoute::Host : owner_.translateKey(key);
   if (closed_ || route == KeyRoute::Done) return;
-  if (route == KeyRoute::Host && key == keys::tab) return view().leave(!held.shift);
-  const bool ours = route == KeyRoute::Window || !hasFocus() || key == keys::enter || entersText(event);
+  if (route == KeyRoute::Host && key == key::tab) return view().leave(!held.shift);
+  const bool ours = route == KeyRoute::Window || !hasFocus() || key == key::enter || entersText(event);
   deliverKey(key, event);
   event.setAccepted(ours);
 }
 
 // The key that accepts a composition is no answer to the grid.
 bool QtWindow::endsComposition(const QKeyEvent& event, std::int32_t key) const {
-  const bool ends = key == keys::enter || key == keys::escape || event.key() == Qt::Key_Enter;
+  const bool ends = key == key::enter || key == key::escape || event.key() == Qt::Key_Enter;
   return ends && box_ && box_->hasFocus() && box_->isComposing();
 }
 

@@ -12,6 +12,7 @@
 #include "components/memory_data_set.h"
 #include "control/tessera.h"
 #include "interaction/keys.h"
+#include "platform/messages.h"
 
 using namespace tessera;
 
@@ -72,9 +73,7 @@ class GridPeer : public InputPeer {
   void keyDown() override { press(key::down); }
   void pageDown() override { press(key::pageDown); }
   void thumbTo(std::int32_t row) override {
-    constexpr std::uint32_t verticalScroll = 277;
-    constexpr std::uint64_t track = 5;
-    window_.send(verticalScroll, static_cast<std::uint64_t>(row) << 16 | track, 0);
+    window_.send(message::vscroll, static_cast<std::uint64_t>(row) << 16 | scroll_code::thumbTrack, 0);
     window_.update();
   }
   void wheelNotch() override {

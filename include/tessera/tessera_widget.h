@@ -42,8 +42,7 @@ namespace tessera {
 // anew as by refresh(). System colours come from the application's palette as it is when the first grid of
 // the process is made. When the palette changes later, they are taken again and every grid is built anew:
 // columns take the new colours where they name none, indicator and background keep what they have. Configured
-// colours stay. Since texts are black unless they name a colour, under a dark palette grids keep the standard
-// light colours; the editors and the list take the palette's.
+// colours stay.
 //
 // Everything happens on the thread of the application.
 class TesseraWidget : public QWidget {

@@ -4,8 +4,7 @@ namespace tessera {
 
 HResult DataLink::bindDataSet(DataClient& client, ClientSite* site, const XString& id) {
   const HResult status = dataSink_.Bind(&client, site, id, 1, dataSetCookie);
-  dataSet_ = dataSink_.source();
-  forgetColumns();
+  setDataSet(dataSink_.source());
   return status;
 }
 
@@ -20,85 +19,84 @@ void DataLink::unbind() {
   imageSink_.Unbind();
 }
 
-void DataLink::releaseDataSet() {
-  dataSet_.reset();
+void DataLink::setDataSet(std::shared_ptr<DataSetControl> dataSet) {
+  std::swap(dataSet_, dataSet);
+  if (asking_ > 0) released_.push_back(std::move(dataSet));
   forgetColumns();
 }
+
+void DataLink::releaseDataSet() { setDataSet(nullptr); }
 
 void DataLink::releaseImageSet() { imageSet_.reset(); }
 
 std::int32_t DataLink::rowCount() const {
   std::int32_t count = 0;
-  if (dataSet_) dataSet_->GetRowCount(count);
+  ask([&](DataSetControl& dataSet) { dataSet.GetRowCount(count); });
   return count;
 }
 
 std::int32_t DataLink::currentRow() const {
   std::int32_t row = -1;
-  if (dataSet_) dataSet_->GetCurrentRow(row);
+  ask([&](DataSetControl& dataSet) { dataSet.GetCurrentRow(row); });
   return row;
 }
 
 std::int32_t DataLink::level(std::int32_t row) const {
   std::int32_t level = 0;
-  if (dataSet_) dataSet_->GetLevel(row, level);
+  ask([&](DataSetControl& dataSet) { dataSet.GetLevel(row, level); });
   return level;
 }
 
 bool DataLink::rowSelected(std::int32_t row) const {
   std::int32_t flag = 0;
-  if (dataSet_) dataSet_->GetRowSelected(row, flag);
+  ask([&](DataSetControl& dataSet) { dataSet.GetRowSelected(row, flag); });
   return flag == 1;
 }
 
 std::int32_t DataLink::sysStatus(std::int32_t row) const {
   std::int32_t status = rowNormal;
-  if (dataSet_) dataSet_->GetSysStatus(row, status);
+  ask([&](DataSetControl& dataSet) { dataSet.GetSysStatus(row, status); });
   return status;
 }
 
 bool DataLink::keepDeleted() const {
   VariantBool flag = VARIANT_FALSE;
-  if (dataSet_) dataSet_->GetKeepDeleted(flag);
+  ask([&](DataSetControl& dataSet) { dataSet.GetKeepDeleted(flag); });
   return flag != VARIANT_FALSE;
 }
 
 void DataLink::setRowSelected(std::int32_t row, bool selected) {
-  if (dataSet_) dataSet_->SetRowSelected(row, selected ? 1 : 0);
+  ask([&](DataSetControl& dataSet) { dataSet.SetRowSelected(row, selected ? 1 : 0); });
 }
 
 void DataLink::value(std::int32_t row, std::int32_t column, XValue& result) const {
   result.setEmpty();
-  if (dataSet_) dataSet_->GetValue(row, column, result);
+  ask([&](DataSetControl& dataSet) { dataSet.GetValue(row, column, result); });
 }
 
 void DataLink::valueByName(std::int32_t row, const XString& name, XValue& result) const {
   result.setEmpty();
-  if (dataSet_) dataSet_->GetValueByName(row, name, result);
+  ask([&](DataSetControl& dataSet) { dataSet.GetValueByName(row, name, result); });
 }
 
 void DataLink::text(std::int32_t row, std::int32_t column, XString& result) const {
-  if (dataSet_) {
-    dataSet_->GetText(row, column, result);
-  } else {
-    result.clear();
-  }
+  if (!dataSet_) result.clear();
+  ask([&](DataSetControl& dataSet) { dataSet.GetText(row, column, result); });
 }
 
 std::int32_t DataLink::columnIndex(const XString& name) const {
   if (!dataSet_) return 0;
   if (const auto known = columnIndexes_.find(name); known != columnIndexes_.end()) return known->second;
+  const DataSetControl* const asked = dataSet_.get();
   std::int32_t index = 0;
-  dataSet_->GetColumnIndex(name, index);
-  columnIndexes_.insert_or_assign(name, index);
+  ask([&](DataSetControl& dataSet) { dataSet.GetColumnIndex(name, index); });
+  if (dataSet_.get() == asked) columnIndexes_.insert_or_assign(name, index);
   return index;
 }
 
 void DataLink::syncCurrentRow(std::int32_t row) {
-  const auto dataSet = dataSet_;
-  if (!dataSet || currentRow() == row) return;
-  SelfMoveScope scope(*this);
-  dataSet->SetCurrentRow(row);
+  if (!dataSet_ || currentRow() == row) return;
+  moveSelf([&] { ask([&](DataSetControl& dataSet) { dataSet.SetCurrentRow(row); }); });
 }
 
 }  // namespace tessera

@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <memory>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "binding/data_sink.h"
 #include "binding/image_sink.h"
@@ -60,15 +62,51 @@ class DataLink {
    private:
     DataLink& link_;
   };
-  // Moves the current row to `row` inside such a scope, unless it stands there.
+  // Runs `call` inside such a scope. Rows that somebody else brought in or took out meanwhile were not heard:
+  // the client is told afterwards that the rows are others.
+  template <class Call>
+  void moveSelf(Call call) {
+    const auto dataSet = dataSet_;
+    const std::int32_t before = rowCount();
+    {
+      SelfMoveScope scope(*this);
+      call();
+    }
+    if (!SelfMove() && dataSet_ == dataSet && rowCount() != before) dataSink_.RowsReset();
+  }
+  // Moves the current row to `row` that way, unless it stands there.
   void syncCurrentRow(std::int32_t row);
 
  private:
+  // Calls of the data set nest. What is released meanwhile may be in the middle of one: it goes with the
+  // last.
+  class Asking {
+   public:
+    explicit Asking(const DataLink& link) : link_(link) { ++link_.asking_; }
+    ~Asking() {
+      if (--link_.asking_ == 0) std::exchange(link_.released_, {});
+    }
+    Asking(const Asking&) = delete;
+    Asking& operator=(const Asking&) = delete;
+
+   private:
+    const DataLink& link_;
+  };
+  template <class Work>
+  void ask(Work work) const {
+    if (!dataSet_) return;
+    const Asking asking(*this);
+    work(*dataSet_);
+  }
+  void setDataSet(std::shared_ptr<DataSetControl> dataSet);
+
   DataSink dataSink_;
   ImageSink imageSink_;
   std::shared_ptr<DataSetControl> dataSet_;
   std::shared_ptr<ImageSetControl> imageSet_;
   std::int32_t selfMoves_ = 0;
+  mutable std::int32_t asking_ = 0;
+  mutable std::vector<std::shared_ptr<DataSetControl>> released_;
   mutable std::unordered_map<XString, std::int32_t> columnIndexes_;
 };
 

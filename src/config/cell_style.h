@@ -71,7 +71,7 @@ struct CellStyle {
   std::int32_t align = align::centerCenter;
   std::int32_t borderStyle = border::line;
   ColorRef borderColor = rgb(0x80, 0x80, 0x80);
-  ColorRef textColor = 0;
+  ColorRef textColor = screen().windowText;
   ColorRef backColor = screen().window;
   std::int32_t fontSize = 0;   // points; 0 takes the host font's
   std::int32_t fontStyle = 0;  // font_style bits; 0 takes the host font's

@@ -21,7 +21,7 @@ struct Controllers {
         keys(parts, services, focus, editors, blocks),
         keyFilter(parts, services, focus, editors, blocks),
         mouse(parts, services, focus, editors, gestures),
-        scroll(parts, services),
+        scroll(parts, services, editors),
         menu(parts, services) {
     editors.setKeyTarget([this](std::int32_t key) { keys.keyDown(key); });
   }

@@ -1,8 +1,15 @@
 #include "control/data_notifications.h"
 
 #include "control/refresh.h"
+#include "interaction/reading_scope.h"
 
 namespace tessera {
+
+// While the grid is being read, a refresh afterwards stands for all that came.
+bool DataNotifications::mayChange() {
+  if (parts_.window && parts_.readings > 0) parts_.refreshDue = true;
+  return parts_.window && parts_.readings == 0;
+}
 
 void DataNotifications::clearSortMarks() {
   for (ColumnRecord& column : parts_.config.columns) column.header.sortMark = 0;
@@ -15,30 +22,43 @@ HResult DataNotifications::SortReset(std::int32_t) {
 
 HResult DataNotifications::StructureChanged(std::int32_t, std::int32_t) {
   parts_.link.forgetColumns();
-  if (parts_.window) refresh_();
-  return S_OK;
+  return DataChanged(0, 0);
 }
 
+// What was typed has no row any more that it belongs to.
 HResult DataNotifications::DataChanged(std::int32_t, std::int32_t) {
+  if (!mayChange()) return S_OK;
+  editors_.forgetRows();
   if (parts_.window) refresh_();
   return S_OK;
 }
 
 HResult DataNotifications::RowsAdded(std::int32_t, std::int32_t rowCount) {
-  if (!parts_.window) return S_OK;
+  if (!mayChange()) return S_OK;
   const bool fewer = rowCount < parts_.rows.displayCount();
   parts_.rows.setPlainCount(rowCount);
-  if (fewer) refillFromTop(parts_.frame().rowCapacity());
+  if (fewer) cutRows(rowCount);
+  if (!parts_.window) return S_OK;
   if (!parts_.page.VisibleRows.empty()) {
     parts_.updateBars(bar_bit::vertical);
     SetBarPositions(parts_.page, *parts_.window);
+    if (fewer) services_.Repaint(nullptr);
     return S_OK;
   }
+  const ReadingScope reading(parts_, services_);
   const GridFrame frame = parts_.frame();
   parts_.loader(frame).LoadVisibleRows(true);
   parts_.updateBars(bar_bit::vertical);
   services_.Repaint(nullptr);
   return S_OK;
+}
+
+// What stood on the rows behind the end goes to the last row that is left.
+void DataNotifications::cutRows(std::int32_t count) {
+  ++parts_.numbering;
+  editors_.rowsCut(count);
+  selection().rowsCut(count);
+  if (parts_.window) refillFromTop(parts_.frame().rowCapacity());
 }
 
 HResult DataNotifications::CanChange(std::int32_t, std::int32_t, VariantBool& allowed) {
@@ -49,20 +69,15 @@ HResult DataNotifications::CanChange(std::int32_t, std::int32_t, VariantBool& al
 HResult DataNotifications::CurrentRowChanged(std::int32_t cookie, std::int32_t row) {
   if (!listening()) return S_OK;
   const bool ownCall = cookie == ownCallCookie;
+  if (!endEdit(row, ownCall)) return S_OK;
   RowNode* node = parts_.rows.find(row);
   if (!node) {
-    parts_.focus.FocusRow = nullptr;
-    parts_.focus.SelectedRows.clear();
-    if (ownCall) {
-      parts_.updateBars(bar_bit::vertical);
-      services_.Repaint(nullptr);
-    }
-    return S_OK;
+    if (!selection().follow(nullptr) || !ownCall) return S_OK;
+  } else {
+    if (!takeCurrentRow(node, ownCall)) return S_OK;
+    parts_.page.bringCurrent(parts_.rows, parts_.frame().rowCapacity(), parts_.rows.find(row));
+    needColumn();
   }
-  if (!endEdit(row, ownCall)) return S_OK;
-  node = parts_.rows.find(row);
-  if (!node || !takeCurrentRow(node, ownCall)) return S_OK;
-  parts_.page.bringCurrent(parts_.rows, parts_.frame().rowCapacity(), node);
   parts_.updateBars(bar_bit::vertical);
   services_.Repaint(nullptr);
   return S_OK;
@@ -78,29 +93,31 @@ bool DataNotifications::endEdit(std::int32_t row, bool ownCall) {
   return watch.holds();
 }
 
+// False when the focus stands there already or has no column to stand in, or when the grid went.
 bool DataNotifications::takeCurrentRow(RowNode* node, bool ownCall) {
-  FocusModel& focus = parts_.focus;
+  const FocusModel& focus = parts_.focus;
   if (focus.CellMode) {
-    if (focus.FocusRow && focus.FocusRow->row == node->row && !ownCall) return false;
+    if (focus.FocusRow == node && !ownCall) return false;
     if (focus.FocusRow && !focus.FocusColumn) return false;
-    focus.FocusRow = node;
-    return true;
+  } else if (selection().head() == node && !ownCall) {
+    return false;
   }
-  if (!focus.SelectedRows.empty()) {
-    if (focus.SelectedRows.front()->row == node->row && !ownCall) return false;
-    focus.SelectedRows.erase(focus.SelectedRows.begin());
-  }
-  focus.putFirst(node);
-  return true;
+  return selection().follow(node);
+}
+
+// A focus row without a column would leave the keyboard without a cell.
+void DataNotifications::needColumn() {
+  const FocusModel& focus = parts_.focus;
+  if (!focus.CellMode || !focus.FocusRow || focus.FocusColumn) return;
+  const GridFrame frame = parts_.frame();
+  parts_.loader(frame).takeColumn(true);
 }
 
 HResult DataNotifications::RowsReset(std::int32_t) {
   if (!listening()) return S_OK;
-  // The rows have changed places already: what was typed has no row any more that it belongs to.
-  editors_.abandon();
+  editors_.forgetRows();
   if (!parts_.window) return S_OK;
-  parts_.focus.FocusRow = nullptr;
-  parts_.focus.SelectedRows.clear();
+  const ReadingScope reading(parts_, services_);
   BuildRows(parts_);
   parts_.updateBars(bar_bit::both);
   const GridFrame frame = parts_.frame();
@@ -111,11 +128,21 @@ HResult DataNotifications::RowsReset(std::int32_t) {
 
 HResult DataNotifications::Reserved(std::int32_t, std::int32_t) { return S_OK; }
 
-// The row's place lies in the dataset alone: the tree grows or shrinks at its end.
+// The row's place lies in the dataset alone: the tree grows or shrinks at its end. What is open and what is
+// selected goes on under the rows' new numbers.
 void DataNotifications::changeRowCount(std::int32_t row, std::int32_t delta) {
+  const bool isAppended = delta > 0 && row > parts_.rows.displayCount();
+  if (!isAppended) ++parts_.numbering;
   parts_.rows.setPlainCount(addClamped(parts_.rows.displayCount(), delta));
   parts_.updateBars(bar_bit::vertical);
   if (parts_.page.TopOrdinal > row) parts_.page.TopOrdinal += delta;
+  if (delta > 0) {
+    selection().rowInserted(row);
+    editors_.rowInserted(row);
+  } else {
+    selection().rowDeleted(row);
+    editors_.rowDeleted(row);
+  }
 }
 
 // The page stays where it is, but for a first row that the rows have shrunk away from.
@@ -127,52 +154,48 @@ void DataNotifications::refillFromTop(std::int32_t capacity) {
   parts_.page.RefillFrom(parts_.rows, capacity, top);
 }
 
-void DataNotifications::followCurrentRow(RowNode* current) {
+// One change of the data set may come in several notifications. Up to the last of them the row numbers of the
+// two sides differ, and nothing may be written or marked by them: false.
+bool DataNotifications::settleRows() {
+  const auto agrees = [this] {
+    return parts_.window && parts_.link.rowCount() == parts_.rows.displayCount();
+  };
+  if (parts_.window) refillFromTop(parts_.frame().rowCapacity());
+  if (!agrees()) return false;
+  editors_.tryCommit(CommitMode::FocusLost);
+  return agrees();
+}
+
+void DataNotifications::followCurrentRow() {
+  RowNode* current = parts_.rows.find(parts_.link.currentRow());
+  const std::int32_t number = RowNumber(current);
+  if (!selection().follow(current) || !current) return;
+  current = parts_.rows.find(number);
   const std::int32_t capacity = parts_.frame().rowCapacity();
-  if (parts_.page.VisibleRows.empty() && current) parts_.page.VisibleRows.push_back(current);
+  if (parts_.page.VisibleRows.empty()) parts_.page.VisibleRows.push_back(current);
   refillFromTop(capacity);
   parts_.page.EnsureRowVisible(parts_.rows, capacity, current);
+  needColumn();
 }
 
 HResult DataNotifications::RowInserted(std::int32_t, std::int32_t row) {
   if (!listening()) return S_OK;
-  editors_.rowInserted(row);
-  if (!parts_.window) return S_OK;
   changeRowCount(row, 1);
-  FocusModel& focus = parts_.focus;
-  RowNode* current = parts_.rows.find(parts_.link.currentRow());
-  if (focus.CellMode) {
-    focus.FocusRow = current;
-  } else {
-    if (!focus.SelectedRows.empty()) focus.SelectedRows.erase(focus.SelectedRows.begin());
-    if (current) focus.putFirst(current);
-  }
-  followCurrentRow(current);
+  if (settleRows()) followCurrentRow();
   services_.Repaint(nullptr);
   return S_OK;
 }
 
+// A row that is kept changes nothing but its look. In row mode the data set's flags tell what is selected.
 HResult DataNotifications::RowDeleted(std::int32_t, std::int32_t row) {
   if (!listening()) return S_OK;
-  editors_.rowDeleted(row);
-  if (!parts_.window) return S_OK;
   const bool gone = !parts_.link.keepDeleted() || parts_.link.rowCount() != parts_.rows.displayCount();
-  if (gone) {
-    changeRowCount(row, -1);
-    RowNode* current = parts_.rows.find(parts_.link.currentRow());
-    if (!current) {
-      parts_.focus.FocusRow = nullptr;
-      parts_.focus.SelectedRows.clear();
-      parts_.page.clear();
-    } else {
-      if (parts_.focus.CellMode) {
-        parts_.focus.FocusRow = current;
-      } else {
-        const GridFrame frame = parts_.frame();
-        parts_.loader(frame).rebuildSelectedRows();
-      }
-      followCurrentRow(current);
-    }
+  if (gone) changeRowCount(row, -1);
+  if (gone && settleRows()) {
+    const GridFrame frame = parts_.frame();
+    if (!parts_.focus.CellMode) parts_.loader(frame).rebuildSelectedRows();
+    followCurrentRow();
+    if (!parts_.rows.find(parts_.link.currentRow())) parts_.page.clear();
   }
   services_.Repaint(nullptr);
   return S_OK;

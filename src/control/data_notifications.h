@@ -7,6 +7,7 @@
 #include "binding/data_client.h"
 #include "interaction/editor_controller.h"
 #include "interaction/grid_parts.h"
+#include "interaction/row_select.h"
 #include "shared/grid_services.h"
 
 namespace tessera {
@@ -37,14 +38,20 @@ class DataNotifications : public DataClient, public ImageClient {
   HResult ImageSourceClosing(std::int32_t cookie) override;
 
  private:
-  bool listening() const { return parts_.window && !parts_.link.SelfMove(); }
+  // False when nothing may come of a notification now.
+  bool listening() { return !parts_.link.SelfMove() && mayChange(); }
+  bool mayChange();
   void clearSortMarks();
+  RowSelection selection() const { return {parts_, services_}; }
   void changeRowCount(std::int32_t row, std::int32_t delta);
-  void followCurrentRow(RowNode* current);
+  void cutRows(std::int32_t count);
+  // Ends an edit; false while rows are still to come or to go, or without a window.
+  bool settleRows();
+  void followCurrentRow();
   void refillFromTop(std::int32_t capacity);
   bool endEdit(std::int32_t row, bool ownCall);
-  // False when the focus stands there already or has no column to stand in.
   bool takeCurrentRow(RowNode* node, bool ownCall);
+  void needColumn();
 
   GridParts& parts_;
   GridServices& services_;

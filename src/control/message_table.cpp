@@ -44,7 +44,7 @@ void childMessage(Tessera& control, const Words& words) {
 
 void killFocus(Tessera& control, const Words&) {
   control.controllers().focus.focusLost();
-  control.controllers().mouse.focusLost();
+  control.controllers().mouse.endPress();
   control.Repaint(nullptr);
 }
 

@@ -4,22 +4,15 @@
 #include "config/background_flags.h"
 #include "config/column_info.h"
 #include "control/grid_expression_host.h"
+#include "interaction/reading_scope.h"
 #include "rows/suppress.h"
 
 namespace tessera {
-namespace {
-
-void dropPrograms(CellStyle& style) {
-  style.dynamicFlags = 0;
-  style.expressions = {};
-}
-
-}  // namespace
-
 void RefreshSequence::run() {
   clear();
   loadColumnNames(parts_.link, parts_.expressions);
   if (!compileKept() || !readColumns()) return;
+  const ReadingScope reading(parts_, services_);
   measure();
   ResolveSuppress(parts_.config.columns, parts_.link);
   fillDecimals();
@@ -44,15 +37,13 @@ void RefreshSequence::clear() {
 
 // The listener of a report may refresh the grid or let go of the data set.
 bool RefreshSequence::compileKept() {
-  const std::uint64_t generation = services_.generation();
+  const std::uint64_t refreshes = parts_.refreshes;
   const auto dataSet = parts_.link.holdDataSet();
-  const auto compile = [this](const XString& text) { return parts_.expressions.compile(text); };
-  GridConfig& config = parts_.config;
-  std::int32_t failures = config.indicator.kept.compileInto(config.indicator, compile);
-  failures += config.background.kept.compileInto(config.background, compile);
+  std::int32_t failures = recompileKept(parts_.config.indicator, parts_.expressions);
+  failures += recompileKept(parts_.config.background, parts_.expressions);
   for (; failures > 0; --failures) {
     services_.ReportError(ErrorCode::Expression);
-    if (services_.generation() != generation || parts_.link.holdDataSet() != dataSet) return false;
+    if (parts_.refreshes != refreshes || parts_.link.holdDataSet() != dataSet) return false;
   }
   return true;
 }
@@ -61,13 +52,13 @@ bool RefreshSequence::compileKept() {
 // ColumnInfo or let go of the data set: so the columns are read into a place of their own, and an overtaken
 // reading is dropped.
 bool RefreshSequence::readColumns() {
-  const std::uint64_t generation = services_.generation();
+  const std::uint64_t refreshes = parts_.refreshes;
   const auto dataSet = parts_.link.holdDataSet();
   GridConfig read;
   read.tree = parts_.config.tree;
   const XString text = parts_.settings.ColumnInfo;
   const bool complete = !text.empty() && parseColumnInfo(info_, text, read);
-  if (services_.generation() != generation || parts_.link.holdDataSet() != dataSet) return false;
+  if (parts_.refreshes != refreshes || parts_.link.holdDataSet() != dataSet) return false;
   parts_.config.columns = std::move(read.columns);
   parts_.config.tree = read.tree;
   if (complete) return true;
@@ -123,6 +114,8 @@ void RefreshSequence::show() {
 
 void BuildRows(GridParts& parts) {
   ++parts.generation;
+  parts.focus.FocusRow = nullptr;
+  parts.focus.SelectedRows.clear();
   parts.page.clear();
   parts.rows.buildPlain(parts.link.rowCount());
 }

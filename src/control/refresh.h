@@ -38,7 +38,22 @@ class RefreshSequence {
   ClientSite* site_;
 };
 
-// One RowTree for the present arrangement of the rows.
+// What a style computes is what it has without its expressions.
+inline void dropPrograms(CellStyle& style) {
+  style.dynamicFlags = 0;
+  style.expressions = {};
+}
+
+// The expressions of a record that outlives a Refresh, which frees all programs. Gives the number of those that
+// do not compile.
+template <class Record>
+std::int32_t recompileKept(Record& record, ExpressionEngine& expressions) {
+  dropPrograms(record);
+  return record.kept.compileInto(record,
+                                 [&expressions](const XString& text) { return expressions.compile(text); });
+}
+
+// One RowTree for the present arrangement of the rows; the page and the focus hold none of them.
 void BuildRows(GridParts& parts);
 
 }  // namespace tessera

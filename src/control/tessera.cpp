@@ -5,6 +5,8 @@
 #include "control/error_table.h"
 #include "control/message_table.h"
 #include "control/refresh.h"
+#include "interaction/reading_scope.h"
+#include "shared/scoped_flag.h"
 
 namespace tessera {
 
@@ -18,6 +20,15 @@ struct CodePageAlias {
   std::int32_t stored;
 };
 constexpr std::array<CodePageAlias, 3> codePageAliases = {{{50949, 949}, {51949, 949}, {50001, 0}}};
+
+std::int32_t storedCodePage(const XValue& ambient) {
+  if (ambient.type() != VT_UI4) return 0;
+  const auto codePage = static_cast<std::uint32_t>(ambient.asInt64());
+  for (const CodePageAlias& alias : codePageAliases) {
+    if (alias.ambient == codePage) return alias.stored;
+  }
+  return static_cast<std::int32_t>(codePage);
+}
 
 }  // namespace
 
@@ -45,15 +56,8 @@ void Tessera::setClientSite(ClientSite* site) {
 }
 
 void Tessera::quickActivate() {
-  codePage_ = 0;
   if (!site_) return;
-  const XValue ambient = site_->ambientCodePage();
-  if (ambient.type() != VT_UI4) return;
-  const auto codePage = static_cast<std::uint32_t>(ambient.asInt64());
-  codePage_ = static_cast<std::int32_t>(codePage);
-  for (const CodePageAlias& alias : codePageAliases) {
-    if (alias.ambient == codePage) codePage_ = alias.stored;
-  }
+  codePage_ = storedCodePage(site_->ambientCodePage());
   parts_.images.setCodePage(ports_.codePages, codePage_);
 }
 
@@ -72,6 +76,7 @@ void Tessera::windowCreated(Window& window) {
 }
 
 void Tessera::windowDestroyed() {
+  controllers_.mouse.windowDestroyed();
   controllers_.editors.windowDestroyed();
   parts_.window = nullptr;
 }
@@ -80,6 +85,9 @@ void Tessera::windowResized() {
   if (!parts_.window) return;
   const Size client = parts_.window->clientSize();
   if (client.width == 0 || client.height == 0) return;
+  controllers_.editors.list().close(false);
+  if (!parts_.window) return;
+  const ReadingScope reading(parts_, *this);
   parts_.updateBars(bar_bit::both);
   const GridFrame frame = parts_.frame();
   if (parts_.page.VisibleRows.empty()) parts_.loader(frame).LoadVisibleRows(false);
@@ -90,9 +98,11 @@ void Tessera::windowResized() {
 }
 
 void Tessera::onDraw(Canvas& canvas) {
+  const ReadingScope reading(parts_, *this);
   const GridFrame frame = parts_.frame();
   const PaintModel model{parts_.config, parts_.settings, frame,         parts_.page, parts_.focus,
                          parts_.rows,   parts_.link,     parts_.images, parts_.eval, parts_.editor.active};
+  if (parts_.drawHolds > 0) return fillWindowColor(canvas);
   const PaintResult result = pipeline_.paint(canvas, model);
   if (!result.painted) return fillWindowColor(canvas);
   controllers_.editors.place(result);
@@ -101,14 +111,29 @@ void Tessera::onDraw(Canvas& canvas) {
 
 void Tessera::Refresh() {
   if (!parts_.link.dataSet()) return;
+  if (parts_.readings > 0) {
+    parts_.refreshDue = true;
+    return;
+  }
   controllers_.editors.abandon();
   if (!parts_.link.dataSet()) return;
   ++parts_.generation;
+  ++parts_.refreshes;
   RefreshSequence(parts_, *this, info_, site_).run();
 }
 
+// A data set with news in every answer would never come to an end: what it tells while the grid catches up is
+// dropped.
+void Tessera::catchUp() {
+  if (catchingUp_ || !parts_.refreshDue) return;
+  const ScopedFlag catchingUp(catchingUp_);
+  parts_.refreshDue = false;
+  notifications_.DataChanged(0, 0);
+  parts_.refreshDue = false;
+}
+
 void Tessera::Repaint(const Rect* area) {
-  if (parts_.settings.Draw && parts_.window) parts_.window->repaint(area);
+  if (parts_.settings.Draw && parts_.drawHolds == 0 && parts_.window) parts_.window->repaint(area);
 }
 
 void Tessera::ReportError(ErrorCode code) {

@@ -63,6 +63,7 @@ class Tessera : public ITessera, public GridServices {
   XValue fire(EventId id, std::span<const XValue> arguments) override { return events_.fire(id, arguments); }
   bool ask(EventId id, std::span<const XValue> arguments) override { return events_.ask(id, arguments); }
   std::uint64_t generation() const override { return parts_.generation; }
+  void catchUp() override;
 
   HResult get_DataID(XString& value) override;
   HResult put_DataID(const XString& value) override;
@@ -141,6 +142,7 @@ class Tessera : public ITessera, public GridServices {
 
  private:
   ColumnPosition columnById(const XString& colid);
+  void refillPage();
 
   Ports ports_;
   ClientSite* site_ = nullptr;
@@ -154,6 +156,7 @@ class Tessera : public ITessera, public GridServices {
   ControlProperties properties_;
   PaintPipeline pipeline_;
   std::int32_t codePage_ = 0;
+  bool catchingUp_ = false;
 };
 
 }  // namespace tessera

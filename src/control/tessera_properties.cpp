@@ -5,7 +5,9 @@
 #include "config/color_words.h"
 #include "config/indicator_info.h"
 #include "config/menu_info.h"
+#include "control/refresh.h"
 #include "control/tessera.h"
+#include "interaction/focused_child.h"
 #include "shared/compare.h"
 
 namespace tessera {
@@ -41,7 +43,10 @@ bool changes(XString& stored, const XString& value) {
 HResult Tessera::get_DataID(XString& value) { return give(parts_.settings.DataID, value); }
 
 HResult Tessera::put_DataID(const XString& value) {
+  if (equalNoCase(parts_.settings.DataID, value)) return S_OK;
+  controllers_.editors.settle();
   if (!changes(parts_.settings.DataID, value)) return S_OK;
+  controllers_.editors.forgetRows();
   const HResult status = parts_.link.bindDataSet(notifications_, site_, value);
   if (succeeded(status) && parts_.window) Refresh();
   return S_OK;
@@ -62,6 +67,8 @@ HResult Tessera::put_ImageDataID(const XString& value) {
 HResult Tessera::get_ColumnInfo(XString& value) { return give(parts_.settings.ColumnInfo, value); }
 
 HResult Tessera::put_ColumnInfo(const XString& value) {
+  if (equalNoCase(parts_.settings.ColumnInfo, value)) return S_OK;
+  controllers_.editors.settle();
   if (!changes(parts_.settings.ColumnInfo, value)) return S_OK;
   FocusModel& focus = parts_.focus;
   if (focus.CellMode && focus.FocusColumn) focus.FocusColumnName = focus.FocusColumn->value().refColumnId;
@@ -73,7 +80,13 @@ HResult Tessera::get_IndicatorInfo(XString& value) { return give(parts_.settings
 
 HResult Tessera::put_IndicatorInfo(const XString& value) {
   if (!changes(parts_.settings.IndicatorInfo, value)) return S_OK;
-  if (!parseIndicatorInfo(info_, value, parts_.config.indicator)) {
+  IndicatorRecord indicator = parts_.config.indicator;
+  const std::uint64_t refreshes = parts_.refreshes;
+  const bool ok = parseIndicatorInfo(info_, value, indicator);
+  if (parts_.settings.IndicatorInfo != value) return S_OK;  // a listener has set another one
+  if (parts_.refreshes != refreshes) recompileKept(indicator, parts_.expressions);
+  parts_.config.indicator = std::move(indicator);
+  if (!ok) {
     ReportError(ErrorCode::IndicatorInfo);
     return S_OK;
   }
@@ -87,11 +100,17 @@ HResult Tessera::get_BackgroundInfo(XString& value) { return give(parts_.setting
 
 HResult Tessera::put_BackgroundInfo(const XString& value) {
   if (!changes(parts_.settings.BackgroundInfo, value)) return S_OK;
-  const BackgroundInfoResult result =
-      parseBackgroundInfo(info_, value, parts_.config.background, parts_.config.borderStyle);
+  BackgroundRecord background = parts_.config.background;
+  const std::uint64_t refreshes = parts_.refreshes;
+  std::int32_t border = parts_.config.borderStyle;
+  const BackgroundInfoResult result = parseBackgroundInfo(info_, value, background, border);
+  if (parts_.settings.BackgroundInfo != value) return S_OK;  // a listener has set another one
+  if (parts_.refreshes != refreshes) recompileKept(background, parts_.expressions);
+  parts_.config.background = std::move(background);
+  parts_.config.borderStyle = border;
   if (result.borderNamed && parts_.window) {
     parts_.applyBorder();
-    parts_.window->setFocus();
+    if (focusedChild(parts_) == FocusState::Outside) parts_.window->setFocus();
   }
   if (!result.ok) {
     ReportError(ErrorCode::BackgroundInfo);
@@ -127,8 +146,7 @@ HResult Tessera::put_ViewSummary(std::int32_t value) {
   const auto band = static_cast<SummaryBand>(value);
   if (value < 0 || value > 2 || band == parts_.settings.ViewSummary) return S_OK;
   parts_.settings.ViewSummary = band;
-  parts_.updateBars(bar_bit::vertical);
-  Repaint(nullptr);
+  refillPage();
   return S_OK;
 }
 
@@ -170,9 +188,9 @@ HResult Tessera::put_Enable(VariantBool value) {
   if (enable == parts_.settings.Enable) return S_OK;
   parts_.settings.Enable = enable;
   if (!parts_.window) return S_OK;
-  if (!enable && controllers_.editors.active()) controllers_.editors.tryCommit(CommitMode::FocusLost);
+  if (!enable) controllers_.editors.settle();
   if (!parts_.window) return S_OK;
-  parts_.window->setEnabled(enable);
+  parts_.window->setEnabled(parts_.settings.Enable);
   Repaint(nullptr);
   propertySinks_.forEach([](PropertyNotifySink& sink) { sink.OnChanged(DISPID_ENABLED); });
   return S_OK;
@@ -212,13 +230,21 @@ HResult Tessera::put_ViewHeader(VariantBool value) {
   const bool view = value != VARIANT_FALSE;
   if (view == parts_.settings.ViewHeader) return S_OK;
   parts_.settings.ViewHeader = view;
-  if (!parts_.window) return S_OK;
-  parts_.updateBars(bar_bit::vertical);
-  if (RowNode* top = parts_.page.VisibleAt(0)) {
-    parts_.page.RefillFrom(parts_.rows, parts_.frame().rowCapacity(), top);
-  }
-  Repaint(nullptr);
+  refillPage();
   return S_OK;
+}
+
+// Another number of rows fits on the page. A focus row that shows goes on showing.
+void Tessera::refillPage() {
+  if (!parts_.window) return;
+  PageView& page = parts_.page;
+  RowNode* const focusRow = parts_.focus.FocusRow;
+  const bool shown = focusRow && page.VisibleIndex(focusRow) >= 0;
+  parts_.updateBars(bar_bit::vertical);
+  const std::int32_t capacity = parts_.frame().rowCapacity();
+  if (RowNode* top = page.VisibleAt(0)) page.RefillFrom(parts_.rows, capacity, top);
+  if (shown) page.EnsureRowVisible(parts_.rows, capacity, focusRow);
+  Repaint(nullptr);
 }
 
 HResult Tessera::get_Temp(XValue& value) { return give(parts_.settings.Temp, value); }

@@ -5,6 +5,7 @@
 
 #include "control/tessera.h"
 #include "interaction/fit_arrange.h"
+#include "interaction/reading_scope.h"
 #include "rows/cell_text.h"
 
 #ifndef TESSERA_VERSION_MAJOR
@@ -29,6 +30,7 @@ HResult Tessera::Focus() {
 
 HResult Tessera::get_GetText(const XString& colid, std::int32_t index, std::int32_t type, XString& text) {
   if (!parts_.link.dataSet()) return S_OK;
+  const ReadingScope reading(parts_, *this);
   TextScratch scratch;
   const TextSource source{parts_.link, parts_.eval, scratch};
   queryText(source, parts_.config.columns, parts_.rows, colid, index, type, text);

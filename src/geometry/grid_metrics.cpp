@@ -44,6 +44,11 @@ void GridMetrics::buildLineTops(const ColumnList& columns) {
   CurrentLine = 0;
 }
 
+std::int32_t GridMetrics::lineAt(std::int32_t top) const {
+  const auto found = std::lower_bound(LineTops.begin(), LineTops.end(), top);
+  return found != LineTops.end() && *found == top ? static_cast<std::int32_t>(found - LineTops.begin()) : 0;
+}
+
 void GridMetrics::makeRoomForIndicator(ColumnList& columns, std::int32_t width) {
   const std::int32_t wanted = std::max(width, 0);
   ShiftColumns(columns, subClamped(wanted, indicatorShift));

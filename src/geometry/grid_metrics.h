@@ -21,6 +21,8 @@ struct GridMetrics {
 
   void measureHeights(const ColumnList& columns);
   void buildLineTops(const ColumnList& columns);
+  // The line that begins at this height; 0 for a height that begins none.
+  std::int32_t lineAt(std::int32_t top) const;
   // Moves the columns so that they stand right of an indicator of this width.
   void makeRoomForIndicator(ColumnList& columns, std::int32_t width);
   // Makes every column fixed that a spanning header ties to the fixed ones.

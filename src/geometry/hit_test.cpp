@@ -16,8 +16,9 @@ RowPlace placeOf(const GridFrame& frame, std::int32_t y) {
   const std::int32_t summaryTop =
       frame.summary == SummaryBand::Top ? frame.headerBand : subClamped(frame.client.height, frame.rowHeight);
   if (y <= frame.headerBand) return {Band::Header};
-  if (frame.summary == SummaryBand::Top && y <= frame.firstRowTop())
-    return {Band::Summary, -1, y - summaryTop};
+  if (frame.summary == SummaryBand::Top && y <= frame.firstRowTop()) {
+    return {Band::Summary, -1, frame.rowHeight > 0 ? (y - summaryTop) % frame.rowHeight : 0};
+  }
   if (frame.summary == SummaryBand::Bottom && y >= summaryTop) return {Band::Summary, -1, y - summaryTop};
   if (frame.rowHeight <= 0) return {};
   return {Band::Row, subClamped(y, frame.firstRowTop()) / frame.rowHeight,
@@ -78,7 +79,7 @@ Hit hitTest(const GridFrame& frame, ColumnList& columns, const PageView& page, c
   Hit hit;
   if (x <= frame.indicatorWidth) {
     hit = hitIndicator(page, place);
-    if (link.level(hit.row) > 0 && hit.row > 0) hit.region = Region::SummaryRow;
+    if (hit.row > 0 && link.level(hit.row) > 0) hit.region = Region::SummaryRow;
     return hit;
   }
   if (place.band == Band::Header) {

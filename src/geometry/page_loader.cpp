@@ -17,6 +17,10 @@ void PageLoader::LoadVisibleRows(bool keepColumn) {
     return;
   }
   focus.FocusRow = start;
+  takeColumn(keepColumn);
+}
+
+void PageLoader::takeColumn(bool keepColumn) {
   ColumnPosition column = nullptr;
   if (keepColumn || !focus.FocusColumnName.empty()) column = namedColumn();
   if (!column) {
@@ -40,6 +44,7 @@ void PageLoader::rebuildSelectedRows() {
 void PageLoader::focusOn(ColumnPosition column) {
   focus.FocusColumn = column;
   focus.followColumn();
+  metrics.CurrentLine = metrics.lineAt(column->value().view.rect.top);
   ColumnScroll{columns, page, focus, frame}.EnsureColumnVisible(column->value());
   page.EnsureRowVisible(rows, frame.rowCapacity(), focus.FocusRow);
 }

@@ -99,7 +99,9 @@ bool PageView::RowsDown(RowTree& rows, std::int32_t capacity, std::int32_t count
   const std::int32_t below = std::max(0, rows.displayCount() - rows.ordinal(VisibleRows.back()));
   std::size_t size = VisibleRows.size();
   if (below == 0 && size <= places(capacity, 0)) return false;
-  const std::int32_t steps = std::min(count - 1, below) + 1;
+  // A page of one row keeps it.
+  const std::int32_t steps = std::min(std::min(count - 1, below) + 1, below + (size > 1 ? 1 : 0));
+  if (steps < 1) return false;
   if (steps > below) --size;
   jumpTo(rows, TopOrdinal + steps, size);
   return true;

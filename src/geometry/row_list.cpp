@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace tessera {
 namespace {
@@ -26,6 +27,11 @@ void RowList::sortAddresses() const {
 
 void RowList::push_back(RowNode* node) {
   nodes_.push_back(node);
+  byAddress_.clear();
+}
+
+void RowList::assign(Nodes nodes) {
+  nodes_ = std::move(nodes);
   byAddress_.clear();
 }
 

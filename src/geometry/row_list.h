@@ -12,7 +12,7 @@ struct RowNode;
 
 // Reads like a vector. The nodes are never looked into: they may have ended. Millions of rows may stand here,
 // and painting asks for each row of the page whether it does: holds() takes O(log n) after a sort, which
-// push_back() and removeIf() make necessary again, but not putFirst(), remove() and erase().
+// push_back(), assign() and removeIf() make necessary again, but not putFirst(), remove() and erase().
 class RowList {
  public:
   using Nodes = std::vector<RowNode*>;
@@ -31,6 +31,7 @@ class RowList {
   bool holds(const RowNode* node) const;
 
   void push_back(RowNode* node);
+  void assign(Nodes nodes);
   // `node` becomes the first and stands there once.
   void putFirst(RowNode* node);
   // Every place of `node`.

@@ -35,10 +35,15 @@ bool CellSteps::onLine(const ColumnRecord& column, std::int32_t line) const {
   return view.top <= y && view.bottom > y;
 }
 
-std::int32_t CellSteps::lineAt(std::int32_t top) const {
-  const auto& tops = metrics_.LineTops;
-  const auto found = std::lower_bound(tops.begin(), tops.end(), top);
-  return found != tops.end() && *found == top ? static_cast<std::int32_t>(found - tops.begin()) : 0;
+// A line that no visible column meets has no cell to stand in.
+bool CellSteps::hasCells(std::int32_t line) const {
+  return std::any_of(columns_.begin(), columns_.end(),
+                     [&](const ColumnRecord& column) { return onLine(column, line); });
+}
+
+std::int32_t CellSteps::lineWithCells(std::int32_t line, std::int32_t step) const {
+  while (line >= 0 && line < lineCount() && !hasCells(line)) line += step;
+  return line;
 }
 
 // From a scrolled column only when nothing is scrolled away that would have to come back first.
@@ -140,25 +145,25 @@ std::optional<Cell> CellSteps::firstScrolled(const Cell& from) const {
 }
 
 CellSteps::VerticalStep CellSteps::up(const Cell& from) const {
-  if (metrics_.LineTops.empty()) return {};
   const Rect& view = viewOf(from.column);
-  if (view.top != metrics_.LineTops.front()) return below(from, from.row, lineAt(view.top) - 1);
+  const std::int32_t line = lineWithCells(metrics_.lineAt(view.top) - 1, -1);
+  if (line >= 0) return below(from, from.row, line);
   RowNode* row = rows_.PreviousRow(from.row);
   if (!row) return {Vertical::NoRow, {}};
-  return below(from, row, view.height() < metrics_.RowHeight ? lineCount() - 1 : from.line);
+  const bool whole = view.height() >= metrics_.RowHeight;
+  return below(from, row, whole ? from.line : lineWithCells(lineCount() - 1, -1));
 }
 
 CellSteps::VerticalStep CellSteps::down(const Cell& from) const {
-  if (metrics_.LineTops.empty()) return {};
   const Rect& view = viewOf(from.column);
-  if (view.bottom > metrics_.LineTops.back()) {
-    RowNode* row = rows_.NextRow(from.row);
-    if (!row) return {Vertical::NoRow, {}};
-    return below(from, row, view.height() < metrics_.RowHeight ? 0 : from.line);
-  }
   std::int32_t line = from.line + 1;
   while (line < lineCount() && metrics_.LineTops[static_cast<std::size_t>(line)] < view.bottom) ++line;
-  return below(from, from.row, line);
+  line = lineWithCells(line, 1);
+  if (line < lineCount()) return below(from, from.row, line);
+  RowNode* row = rows_.NextRow(from.row);
+  if (!row) return {Vertical::NoRow, {}};
+  const bool whole = view.height() >= metrics_.RowHeight;
+  return below(from, row, whole ? from.line : lineWithCells(0, 1));
 }
 
 CellSteps::VerticalStep CellSteps::below(const Cell& from, RowNode* row, std::int32_t line) const {

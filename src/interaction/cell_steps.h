@@ -38,7 +38,8 @@ class CellSteps {
     Vertical outcome = Vertical::NoCell;
     Cell cell;
   };
-  // To the column of the same kind (fixed or not) below the left edge of `from`.
+  // To the column of the same kind (fixed or not) at the left edge of `from`, in the next line that has
+  // cells.
   VerticalStep up(const Cell& from) const;
   VerticalStep down(const Cell& from) const;
 
@@ -47,11 +48,12 @@ class CellSteps {
   ColumnPosition end(std::int32_t line) const;
 
   std::int32_t lineCount() const { return static_cast<std::int32_t>(metrics_.LineTops.size()); }
-  // The line that begins at this height; 0 for a height that begins none.
-  std::int32_t lineAt(std::int32_t top) const;
 
  private:
   bool onLine(const ColumnRecord& column, std::int32_t line) const;
+  bool hasCells(std::int32_t line) const;
+  // `line` or the nearest one with cells from there on; -1 or lineCount() when there is none.
+  std::int32_t lineWithCells(std::int32_t line, std::int32_t step) const;
   bool stepsIntoFixed(const Cell& from) const;
   bool lineHasFixed(std::int32_t line) const;
   ColumnPosition rightmost(std::int32_t line) const;

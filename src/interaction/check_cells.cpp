@@ -54,13 +54,13 @@ void setRadio(GridParts& parts, const GridServices& services, const ColumnRecord
   dataSet->GetValueByName(row, column.refColumnId, value);
   if (isRadioSet(value)) return;
   const GridWatch watch(parts, services);
-  const DrawHold hold(parts.settings);
+  const DrawHold hold(parts);
   const std::int32_t index = parts.link.columnIndex(column.refColumnId);
   const std::int32_t count = parts.link.rowCount();
   const XValue unset = XValue::ofInt(0);
-  for (std::int32_t other = 1; other <= count && watch.holds(); ++other)
+  for (std::int32_t other = 1; other <= count && watch.holdsRows(); ++other)
     dataSet->SetValue(other, index, unset);
-  if (watch.holds()) dataSet->SetValue(row, index, radioSetValue(value));
+  if (watch.holdsRows()) dataSet->SetValue(row, index, radioSetValue(value));
 }
 
 }  // namespace tessera

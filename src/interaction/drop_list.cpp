@@ -5,6 +5,8 @@
 
 #include "config/format_value.h"
 #include "geometry/hit_test.h"
+#include "interaction/focused_child.h"
+#include "interaction/grid_watch.h"
 #include "interaction/key_events.h"
 #include "render/paint_result.h"
 
@@ -28,7 +30,8 @@ void DropListController::windowDestroyed() {
 
 bool DropListController::canOpen() const {
   const FocusModel& focus = parts_.focus;
-  if (!parts_.window || !parts_.editor.list || !parts_.link.dataSet()) return false;
+  if (!parts_.window || !parts_.settings.Enable || !parts_.editor.list || !parts_.link.dataSet())
+    return false;
   if (!focus.CellMode || !focus.FocusRow || !focus.FocusColumn) return false;
   const CellKind kind = focus.FocusColumn->value().child.type;
   if (kind != CellKind::Combo && kind != CellKind::Lookup) return false;
@@ -42,9 +45,11 @@ bool DropListController::open() {
   ColumnRecord& column = position->value();
   parts_.eval.ExprRow = row;
   if (!column.child.isEditable(parts_.eval)) return false;
+  const GridWatch watch(parts_, services_);
   Content content;
-  if (!fill(column, row, content)) return false;
-  target_ = {column.id, row, position, services_.generation()};
+  if (!fill(column, row, content) || !watch.holds()) return false;
+  showCell(column);
+  target_ = {column.id, row, position, services_.generation(), std::move(content.codes)};
   open_ = true;
   parts_.editor.listClosing = false;
   ListBox& list = *parts_.editor.list;
@@ -70,10 +75,19 @@ bool DropListController::fill(ColumnRecord& column, std::int32_t row, Content& c
     content = comboContent(column, code);
     return true;
   }
-  ChildSpec& child = column.child;
-  if (!child.lookupDataset) child.lookupDataset = info_.findDataSet(child.lookupDataId);
-  if (!child.lookupDataset) return false;
+  if (!findLookup(column)) return false;
   content = lookupContent(column, code);
+  return true;
+}
+
+// The search runs the host, which may make all columns anew.
+bool DropListController::findLookup(ColumnRecord& column) {
+  if (column.child.lookupDataset) return true;
+  const GridWatch watch(parts_, services_);
+  const XString id = column.child.lookupDataId;
+  auto found = info_.findDataSet(id);
+  if (!found || !watch.holds()) return false;
+  column.child.lookupDataset = std::move(found);
   return true;
 }
 
@@ -83,6 +97,7 @@ DropListController::Content DropListController::comboContent(const ColumnRecord&
   Content content;
   for (const ComboItem& item : column.child.comboItems) {
     if (item.code == code) content.chosen = static_cast<std::int32_t>(content.items.size());
+    content.codes.push_back(item.code);
     formatText(column.view, item.text, parts_.eval, content.items.emplace_back());
   }
   if (content.chosen < 0 && !content.items.empty()) content.chosen = 0;
@@ -99,6 +114,7 @@ DropListController::Content DropListController::lookupContent(const ColumnRecord
   for (std::int32_t row = 1; row <= count; ++row) {
     dataSet->GetValueByName(row, column.child.lookupText, value);
     formatValue(column.view, value, parts_.eval, content.items.emplace_back());
+    dataSet->GetTextByName(row, column.child.lookupCode, content.codes.emplace_back());
   }
   std::int32_t found = 0;
   dataSet->FindRow(column.child.lookupCode, code, found);
@@ -106,15 +122,20 @@ DropListController::Content DropListController::lookupContent(const ColumnRecord
   return content;
 }
 
-// Below the cell, or above it where the screen ends. The cell comes into view: nothing else tells whose list
-// this is.
-Rect DropListController::placeFor(const ColumnRecord& column, std::int32_t itemCount) {
+// The cell comes into view as a whole before the list stands at it: nothing else tells whose list this is,
+// and the list does not move any more.
+void DropListController::showCell(const ColumnRecord& column) {
   const GridFrame frame = parts_.frame();
-  RowNode* const row = parts_.focus.FocusRow;
-  if (parts_.page.VisibleIndex(row) < 0) {
-    parts_.page.EnsureRowVisible(parts_.rows, frame.rowCapacity(), row);
-    services_.Repaint(nullptr);
-  }
+  const std::int32_t top = parts_.page.TopOrdinal, stop = parts_.page.ColumnStop;
+  ColumnScroll{parts_.config.columns, parts_.page, parts_.focus, frame}.EnsureColumnVisible(column);
+  parts_.page.EnsureRowVisible(parts_.rows, frame.rowCapacity(), parts_.focus.FocusRow);
+  if (parts_.page.TopOrdinal != top || parts_.page.ColumnStop != stop) services_.Repaint(nullptr);
+}
+
+// Below the cell, or above it where the screen ends.
+Rect DropListController::placeFor(const ColumnRecord& column, std::int32_t itemCount) const {
+  const GridFrame frame = parts_.frame();
+  const RowNode* const row = parts_.focus.FocusRow;
   const Rect& view = column.view.rect;
   const std::int32_t rowTop =
       addClamped(frame.firstRowTop(), mulClamped(parts_.page.VisibleIndex(row), frame.rowHeight));
@@ -129,7 +150,8 @@ Rect DropListController::placeFor(const ColumnRecord& column, std::int32_t itemC
   return {left, top, addClamped(left, view.width()), addClamped(top, height)};
 }
 
-// The list counts as closing before the cell is written: what the writing sets off finds it settled.
+// The list counts as closing before the cell is written: what the writing sets off finds it settled. It ends
+// when it loses the focus, and at once when the focus cannot leave it.
 bool DropListController::close(bool accept) {
   if (!open_ || parts_.editor.listClosing) return true;
   if (accept) {
@@ -142,24 +164,32 @@ bool DropListController::close(bool accept) {
   }
   parts_.editor.listClosing = true;
   if (parts_.window && open_) parts_.window->setFocus();
+  if (open_ && parts_.editor.listClosing) listFocusLost();
+  if (!controlHasFocus(parts_)) parts_.focus.state = FocusState::Outside;
   return true;
 }
 
-bool DropListController::chosenCode(XString& code) const {
-  const ChildSpec& child = target_.column->value().child;
-  const std::int32_t chosen = parts_.editor.list->chosen();
-  if (child.type == CellKind::Combo) {
-    if (chosen < 0 || chosen >= child.comboItems.count()) return false;
-    auto item = child.comboItems.begin();
-    std::advance(item, chosen);
-    code = item->code;
-    return true;
+void DropListController::rowInserted(std::int32_t row) {
+  if (open_ && row <= target_.row) ++target_.row;
+}
+
+void DropListController::rowDeleted(std::int32_t row) {
+  if (!open_) return;
+  if (row == target_.row) {
+    close(false);
+  } else if (row < target_.row) {
+    --target_.row;
   }
-  const auto dataSet = child.lookupDataset;
-  std::int32_t count = 0;
-  if (dataSet) dataSet->GetRowCount(count);
-  if (chosen < 0 || chosen >= count) return false;
-  dataSet->GetTextByName(chosen + 1, child.lookupCode, code);
+}
+
+void DropListController::rowsCut(std::int32_t count) {
+  if (open_ && target_.row > count) close(false);
+}
+
+bool DropListController::chosenCode(XString& code) const {
+  const std::int32_t chosen = parts_.editor.list->chosen();
+  if (chosen < 0 || chosen >= std::ssize(target_.codes)) return false;
+  code = target_.codes[static_cast<std::size_t>(chosen)];
   return true;
 }
 
@@ -175,15 +205,19 @@ void DropListController::listFocusLost() {
   const bool byChoice = parts_.editor.listClosing;
   const std::array arguments = {XValue::ofText(target_.colid), XValue::ofInt(target_.row)};
   services_.fire(EventId::OnCloseUp, arguments);
-  if (!byChoice && !open_ && parts_.window) {
-    const Point pointer = parts_.window->pointer();
-    if (!parts_.window->screenRect().holds(pointer.x, pointer.y)) {
-      parts_.focus.state = FocusState::Outside;
-      services_.fire(EventId::OnKillFocus, {});
-      services_.Repaint(nullptr);
-    }
+  if (!byChoice && !open_ && hasLeftControl()) {
+    parts_.focus.state = FocusState::Outside;
+    services_.fire(EventId::OnKillFocus, {});
+    services_.Repaint(nullptr);
   }
   hide();
+}
+
+// A press outside the grid, or another program that took the focus while the pointer stood over the grid.
+bool DropListController::hasLeftControl() const {
+  if (!parts_.window) return false;
+  const Point pointer = parts_.window->pointer();
+  return !parts_.window->screenRect().holds(pointer.x, pointer.y) || !controlHasFocus(parts_);
 }
 
 // Unless a listener has opened it again.

@@ -22,6 +22,11 @@ class DropListController : public ListBoxOwner {
   void windowDestroyed();
 
   bool isOpen() const { return open_; }
+  // The data set has taken a row in or out: the choice is still for the row that the list was opened for.
+  // When that one is gone the list goes, too.
+  void rowInserted(std::int32_t row);
+  void rowDeleted(std::int32_t row);
+  void rowsCut(std::int32_t count);
   // At the focus cell, when it has such a list and may be edited.
   bool open();
   // With `accept` the chosen item goes to the cell; false when there is none to choose: then the list stays
@@ -42,19 +47,24 @@ class DropListController : public ListBoxOwner {
     std::int32_t row = 0;
     ColumnPosition column = nullptr;
     std::uint64_t generation = 0;
+    std::vector<XString> codes;  // of the items, as they were when the list opened
   };
   struct Content {
     std::vector<XString> items;
+    std::vector<XString> codes;
     std::int32_t chosen = -1;
   };
 
   bool canOpen() const;
   bool fill(ColumnRecord& column, std::int32_t row, Content& content);
+  bool findLookup(ColumnRecord& column);
   Content comboContent(const ColumnRecord& column, const XString& code) const;
   Content lookupContent(const ColumnRecord& column, const XString& code) const;
-  Rect placeFor(const ColumnRecord& column, std::int32_t itemCount);
+  void showCell(const ColumnRecord& column);
+  Rect placeFor(const ColumnRecord& column, std::int32_t itemCount) const;
   bool chosenCode(XString& code) const;
   void write(const XString& code);
+  bool hasLeftControl() const;
   void hide();
 
   GridParts& parts_;

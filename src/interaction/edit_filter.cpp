@@ -5,6 +5,7 @@
 
 #include "config/child_spec.h"
 #include "interaction/keys.h"
+#include "shared/rect.h"
 
 namespace tessera {
 namespace {
@@ -20,6 +21,25 @@ std::int32_t countedLength(std::u16string_view text, std::int32_t inputType) {
   const auto length = static_cast<std::int32_t>(text.size());
   const bool spares = inputType == input_type::numeric && (holds(text, point) || holds(text, minus));
   return spares ? length - 1 : length;
+}
+
+bool isHighSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xD800; }
+bool isLowSurrogate(char16_t unit) { return (unit & 0xFC00) == 0xDC00; }
+
+// Half a character must not get in: its first half comes when both have room, its second half behind the
+// first.
+bool hasRoom(std::u16string_view rest, std::int32_t place, char16_t character, const EditRules& rules) {
+  const std::int64_t counted = countedLength(rest, rules.inputType);
+  const auto before = static_cast<std::size_t>(place);
+  if (isLowSurrogate(character) && (place == 0 || !isHighSurrogate(rest[before - 1]))) return false;
+  return counted + (isHighSurrogate(character) ? 2 : 1) <= rules.limit;
+}
+
+XString cut(const XString& text, std::int32_t length) {
+  if (length >= text.length()) return text;
+  const bool splits =
+      length > 0 && isHighSurrogate(text.charAt(length - 1)) && isLowSurrogate(text.charAt(length));
+  return text.left(splits ? length - 1 : length);
 }
 
 bool isNumberPart(std::u16string_view text, std::int32_t decimals) {
@@ -49,7 +69,7 @@ bool mayEnter(std::u16string_view text, Selection selection, char16_t character,
   const std::int32_t end = std::clamp(std::max(selection.start, selection.end), start, length);
   std::u16string rest(text);
   rest.erase(static_cast<std::size_t>(start), static_cast<std::size_t>(end - start));
-  if (countedLength(rest, rules.inputType) >= rules.limit) return false;
+  if (!hasRoom(rest, start, character, rules)) return false;
   if ((rules.inputType & input_type::numeric) == 0) return true;
   return mayEnterNumber(std::move(rest), static_cast<std::size_t>(start), character, rules.decimals);
 }
@@ -59,11 +79,11 @@ XString fittingText(const XString& text, bool numeric, const EditRules& rules) {
   const std::int32_t place = text.find(point);
   if (numeric && place >= 0) {
     const std::int64_t kept = std::int64_t{place} + 1 + std::max(rules.decimals, -1);
-    if (kept < text.length()) fitting = text.left(static_cast<std::int32_t>(kept));
+    fitting = cut(text, clampToInt(kept));
   }
   const std::int32_t sparedPoint = numeric && fitting.find(point) >= 0 && place < rules.limit ? 1 : 0;
   const std::int64_t room = std::int64_t{rules.limit} + sparedPoint;
-  return fitting.length() > room ? fitting.left(static_cast<std::int32_t>(room)) : fitting;
+  return cut(fitting, clampToInt(room));
 }
 
 }  // namespace tessera

@@ -24,7 +24,8 @@ struct Selection {
 bool mayEnter(std::u16string_view text, Selection selection, char16_t character, const EditRules& rules);
 
 // `text` as the box opens with it. A numeric cell's text loses the digits that are too many after its point,
-// and with `decimals` below 0 the point too; then both kinds lose what is beyond the limit.
+// and with `decimals` below 0 the point too; then both kinds lose what is beyond the limit. No cut goes
+// through a pair of surrogates.
 XString fittingText(const XString& text, bool numeric, const EditRules& rules);
 
 }  // namespace tessera

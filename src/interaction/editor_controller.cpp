@@ -2,23 +2,18 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
-#include "geometry/hit_test.h"
-#include "interaction/cell_buttons.h"
-#include "interaction/check_cells.h"
 #include "interaction/edit_outcome.h"
+#include "interaction/focused_child.h"
 #include "interaction/key_events.h"
 
 namespace tessera {
 namespace {
 
-constexpr std::int32_t buttonFlag = 1, enterFlag = 0;  // what an OnPopup came from
-
 // Keys that the grid takes although the box has the focus.
 constexpr std::array handedUp = {key::enter,  key::escape,   key::up,     key::down,
                                  key::pageUp, key::pageDown, key::tabDone};
-
-bool isControlCharacter(char16_t character) { return character < key::space || character == 127; }
 
 }  // namespace
 
@@ -29,8 +24,10 @@ void EditorController::windowCreated() {
 }
 
 void EditorController::windowDestroyed() {
-  if (parts_.editor.active) close({.refocus = true, .save = true, .popup = false});
+  EditBox* const box = parts_.editor.box.get();
+  if (parts_.editor.active) close({.refocus = box->hasFocus(), .save = true, .popup = false});
   parts_.editor.active = false;
+  closing_ = false;
   parts_.editor.box.reset();
   list_.windowDestroyed();
   parts_.focus.state = FocusState::Outside;
@@ -39,9 +36,11 @@ void EditorController::windowDestroyed() {
 void EditorController::place(const PaintResult& result) {
   EditBox* const box = parts_.editor.box.get();
   if (!parts_.editor.active || !box) return;
+  const FocusModel& focus = parts_.focus;
+  const bool inCell = focus.CellMode && focus.FocusRow && focus.FocusColumn;
   if (result.editorPlace) {
     if (box->placement() != *result.editorPlace) box->place(*result.editorPlace);
-  } else if (result.parkEditor) {
+  } else if (result.parkEditor || !inCell) {
     box->place(parkedEditor);
   }
 }
@@ -68,21 +67,23 @@ bool EditorController::firePopup(const XString& colid, std::int32_t row, std::in
 
 bool EditorController::openEditor(bool withPopup) {
   const ColumnRecord* const column = focusColumn();
-  if (!column || parts_.editor.active || column->child.type != CellKind::Edit) return false;
+  if (!column || !parts_.settings.Enable || parts_.editor.active) return false;
+  if (column->child.type != CellKind::Edit) return false;
   const std::int32_t row = parts_.focus.FocusRow->row;
   const XString colid = column->id;
   if (column->child.subType == EditKind::PopupFix) {
-    return !withPopup || firePopup(colid, row, enterFlag);
+    return !withPopup || firePopup(colid, row, popupByEnter);
   }
   if (!parts_.editor.box) return false;
   const GridWatch watch(parts_, services_);
-  cell_ = {colid, row, parts_.focus.FocusColumn, services_.generation()};
+  cell_ = {colid, column->refColumnId, row, parts_.focus.FocusColumn, services_.generation(), ++lastSerial_};
   fillBox(*column, row);
   parts_.editor.active = true;
-  if (!focusBox(watch)) return false;
+  const std::uint64_t serial = cell_.serial;
+  if (!focusBox(watch, serial)) return false;
   const std::array arguments = {XValue::ofText(colid), XValue::ofInt(row)};
   services_.fire(EventId::OnEnter, arguments);
-  return parts_.editor.active;
+  return isOpen(serial);
 }
 
 EditRules EditorController::takeRules(const ColumnRecord& column, std::int32_t dataColumn,
@@ -130,67 +131,111 @@ void EditorController::fillBox(const ColumnRecord& column, std::int32_t row) {
 }
 
 // The grid's window first: the control gets the focus as a whole before one of its children has it.
-bool EditorController::focusBox(const GridWatch& watch) {
+bool EditorController::focusBox(const GridWatch& watch, std::uint64_t serial) {
   focusGridIfOutside();
-  if (watch.holds() && parts_.editor.active && parts_.focus.state != FocusState::Editor) {
+  if (watch.holds() && isOpen(serial) && parts_.focus.state != FocusState::Editor) {
     parts_.focus.state = FocusState::Editor;
     parts_.editor.box->setFocus();
   }
-  if (watch.holds()) return parts_.editor.active;
-  abandon();
-  return false;
+  if (isOpen(serial) && !watch.holds()) abandon();
+  return isOpen(serial);
 }
 
 std::int32_t EditorController::askExit() {
   constexpr std::int32_t noAnswer = 2;
   const std::array arguments = {XValue::ofText(cell_.colid), XValue::ofInt(cell_.row),
                                 XValue::ofText(parts_.editor.oldText)};
+  askedSerial_ = cell_.serial;
+  left_.reset();
   parts_.editor.asking = true;
   const XValue answer = services_.fire(EventId::OnExit, arguments);
   parts_.editor.asking = false;
   return answer.type() == VT_I4 ? answer.asInt() : noAnswer;
 }
 
+// In a grid that was disabled meanwhile there is nowhere to stay.
 bool EditorController::tryCommit(CommitMode mode) {
   if (parts_.editor.asking) return false;
   if (!parts_.editor.active || closing_) return true;
   const GridWatch watch(parts_, services_);
-  const EditOutcome outcome = editOutcome(askExit(), mode);
-  if (!parts_.editor.active) return watch.holds();
-  EditBox& box = *parts_.editor.box;
-  if (outcome == EditOutcome::Stay && cellStands()) {
-    if (box.hasFocus()) return false;
-    parts_.focus.state = FocusState::Editor;
-    box.setFocus();
-    return false;
+  EditOutcome outcome = editOutcome(askExit(), mode);
+  if (outcome == EditOutcome::Stay && !parts_.settings.Enable) outcome = EditOutcome::Drop;
+  if (!isOpen(askedSerial_)) {
+    saveLeftText(outcome);
+  } else if (outcome == EditOutcome::Stay && cellStands()) {
+    return stay();
+  } else {
+    close({.refocus = mode != CommitMode::FocusLost || parts_.editor.box->hasFocus(),
+           .save = outcome == EditOutcome::Save,
+           .popup = mode == CommitMode::Enter});
   }
-  close({.refocus = mode != CommitMode::FocusLost || box.hasFocus(),
-         .save = outcome == EditOutcome::Save,
-         .popup = mode == CommitMode::Enter});
-  return watch.holds();
+  return watch.holds() && !parts_.editor.active;
+}
+
+bool EditorController::stay() {
+  if (parts_.editor.box->hasFocus()) return false;
+  parts_.focus.state = FocusState::Editor;
+  parts_.editor.box->setFocus();
+  return false;
 }
 
 bool EditorController::commitBeforeMove() {
-  if (list_.isOpen()) list_.close(false);
-  return tryCommit(CommitMode::FocusMoves);
+  list_.close(false);
+  const bool reopened = list_.isOpen() && !parts_.editor.listClosing;
+  return tryCommit(CommitMode::FocusMoves) && !reopened;
+}
+
+void EditorController::settle() {
+  list_.close(false);
+  tryCommit(CommitMode::FocusLost);
 }
 
 void EditorController::abandon() {
-  if (!parts_.editor.active || closing_) return;
-  close({.refocus = parts_.editor.box->hasFocus(), .save = false, .popup = false});
+  list_.close(false);
+  leaveText();
+  drop();
+}
+
+void EditorController::drop() {
+  if (parts_.editor.active) finish(parts_.editor.box->hasFocus());
+}
+
+void EditorController::forgetRows() {
+  abandon();
+  left_.reset();
+}
+
+// The text of an edit that is being written already is no longer in question.
+void EditorController::leaveText() {
+  if (!parts_.editor.asking || closing_ || !isOpen(askedSerial_)) return;
+  left_ = LeftText{cell_.refColumnId, cell_.row, parts_.editor.box->text()};
+}
+
+void EditorController::saveLeftText(EditOutcome outcome) {
+  const auto left = std::exchange(left_, std::nullopt);
+  const auto dataSet = parts_.link.holdDataSet();
+  if (!left || outcome != EditOutcome::Save || !dataSet || left->row > parts_.link.rowCount()) return;
+  dataSet->SetValue(left->row, parts_.link.columnIndex(left->refColumnId), XValue::ofText(left->text));
 }
 
 void EditorController::rowInserted(std::int32_t row) {
-  if (!parts_.editor.active) return;
+  list_.rowInserted(row);
   if (row <= cell_.row) ++cell_.row;
-  tryCommit(CommitMode::FocusLost);
+  if (left_ && row <= left_->row) ++left_->row;
 }
 
 void EditorController::rowDeleted(std::int32_t row) {
-  if (!parts_.editor.active) return;
-  if (row == cell_.row) return abandon();
+  list_.rowDeleted(row);
+  if (left_ && row == left_->row) left_.reset();
+  if (left_ && row < left_->row) --left_->row;
+  if (row == cell_.row) drop();
   if (row < cell_.row) --cell_.row;
-  tryCommit(CommitMode::FocusLost);
+}
+
+void EditorController::rowsCut(std::int32_t count) {
+  list_.rowsCut(count);
+  if (left_ && left_->row > count) left_.reset();
+  if (cell_.row > count) drop();
 }
 
 bool EditorController::cellStands() const {
@@ -198,147 +243,38 @@ bool EditorController::cellStands() const {
          cell_.row <= parts_.link.rowCount();
 }
 
+// The data set and the listener of OnPopup may end this edit, and may begin another one.
 void EditorController::close(const Closing& closing) {
   if (!parts_.editor.active || closing_) return;
   closing_ = true;
-  const XString colid = cell_.colid;
-  const std::int32_t row = cell_.row;
-  const bool popup = closing.popup && cellStands() && cell_.column->value().child.subType == EditKind::Popup;
+  const EditedCell cell = cell_;
+  const bool popup = closing.popup && cellStands() && cell.column->value().child.subType == EditKind::Popup;
   if (closing.save && cellStands()) writeText();
-  if (popup) firePopup(colid, row, enterFlag);
+  if (popup) firePopup(cell.colid, cell.row, popupByEnter);
+  if (isOpen(cell.serial)) finish(closing.refocus);
+}
+
+void EditorController::finish(bool refocus) {
   if (parts_.editor.box) parts_.editor.box->place(parkedEditor);
   parts_.editor.active = false;
   closing_ = false;
-  if (closing.refocus) takeFocusBack();
+  if (refocus) takeFocusBack();
   services_.Repaint(nullptr);
 }
 
 void EditorController::writeText() {
   const auto dataSet = parts_.link.holdDataSet();
-  XValue text;
-  text.setText(parts_.editor.box->text());
-  dataSet->SetValue(cell_.row, parts_.link.columnIndex(cell_.column->value().refColumnId), text);
+  const XValue text = XValue::ofText(parts_.editor.box->text());
+  dataSet->SetValue(cell_.row, parts_.link.columnIndex(cell_.refColumnId), text);
 }
 
-// The grid paints when the box is gone as a whole, not half way.
+// The grid paints when the box is gone as a whole, not half way. A window that may not have the focus leaves
+// the control without it.
 void EditorController::takeFocusBack() {
   if (!parts_.window || parts_.focus.state == FocusState::Grid) return;
-  const DrawHold hold(parts_.settings);
+  const DrawHold hold(parts_);
   parts_.window->setFocus();
-}
-
-void EditorController::enterAction() {
-  if (parts_.editor.active) {
-    tryCommit(CommitMode::Enter);
-    return;
-  }
-  const ColumnRecord* const column = focusColumn();
-  if (!column) return;
-  switch (column->child.type) {
-    case CellKind::Edit:
-      if (column->child.isEditable(parts_.eval)) openEditor(true);
-      return;
-    case CellKind::Combo:
-    case CellKind::Lookup:
-      list_.open();
-      return;
-    case CellKind::Check:
-      if (column->child.isEditable(parts_.eval)) toggleCheckByKey();
-      return;
-    case CellKind::Radio:
-      setRadioByKey();
-      return;
-    case CellKind::None:
-    case CellKind::Image:
-    case CellKind::Bar:
-      return;
-  }
-}
-
-void EditorController::escapeAction() {
-  if (parts_.editor.active) tryCommit(CommitMode::Escape);
-}
-
-void EditorController::spaceAction() {
-  FocusModel& focus = parts_.focus;
-  if (!focus.CellMode || !focus.FocusRow || !focus.FocusColumn) return;
-  parts_.eval.ExprRow = focus.FocusRow->row;
-  if (!focus.FocusColumn->value().child.isEditable(parts_.eval)) return;
-  if (!toggleCheckByKey()) toggleNode();
-}
-
-// A blank in a tree column has opened or closed the node already.
-void EditorController::charArrived(char16_t character) {
-  if (parts_.editor.active || isControlCharacter(character)) return;
-  const ColumnRecord* const column = focusColumn();
-  if (!column || !column->child.isEditable(parts_.eval)) return;
-  if (character == u' ' && column->hasTree && parts_.config.tree.rowMode != RowMode::Plain) return;
-  if (!openEditor(false) || !parts_.editor.active) return;
-  parts_.editor.box->sendChar(character);
-  services_.Repaint(nullptr);
-}
-
-void EditorController::imeStarted() {
-  if (parts_.editor.active || !openEditor(false) || !parts_.editor.active) return;
-  parts_.editor.box->sendComposition();
-  services_.Repaint(nullptr);
-}
-
-void EditorController::imeComposing() {
-  if (parts_.editor.active) parts_.editor.box->sendComposition();
-}
-
-void EditorController::activateEdit() {
-  if (!parts_.window || parts_.editor.active || !openEditor(false)) return;
-  services_.Repaint(nullptr);
-}
-
-XString EditorController::editText() const {
-  const EditorModel& editor = parts_.editor;
-  return editor.active && editor.box ? editor.box->text() : XString();
-}
-
-bool EditorController::toggleCheckByKey() {
-  const ColumnRecord* const column = focusColumn();
-  if (!column || column->child.type != CellKind::Check) return false;
-  flipCheck(parts_, *column, parts_.focus.FocusRow->row, checkedByKey);
-  return true;
-}
-
-bool EditorController::setRadioByKey() {
-  const ColumnRecord* const column = focusColumn();
-  if (!column || column->child.type != CellKind::Radio) return false;
-  setRadio(parts_, services_, *column, parts_.focus.FocusRow->row);
-  return true;
-}
-
-bool EditorController::activateCell(std::int32_t x, std::int32_t y, ColumnPosition position, RowNode* row) {
-  if (!position || !row || !position->value().viewVisible) return false;
-  const ColumnRecord& column = position->value();
-  parts_.eval.ExprRow = row->row;
-  if (!column.child.isEditable(parts_.eval) || parts_.link.level(row->row) > 0) return false;
-  const std::int32_t index = parts_.page.VisibleIndex(row);
-  if (index < 0) return false;
-  const Rect cell = cellRect(parts_.frame(), column, index);
-  if (markRect(column, cell).holds(x, y)) return pressMark(column, *row);
-  const FocusModel& focus = parts_.focus;
-  const bool isFocus = focus.CellMode && focus.FocusRow == row && focus.FocusColumn == position;
-  return isFocus && buttonRect(column, cell).holds(x, y) && pressPopup(column, *row);
-}
-
-bool EditorController::pressPopup(const ColumnRecord& column, RowNode& row) {
-  if (column.child.type == CellKind::Edit) return firePopup(XString(column.id), row.row, buttonFlag);
-  list_.open();
-  return true;
-}
-
-bool EditorController::pressMark(const ColumnRecord& column, RowNode& row) {
-  if (column.child.type == CellKind::Check) {
-    flipCheck(parts_, column, row.row, checkedByMouse);
-  } else {
-    setRadio(parts_, services_, column, row.row);
-  }
-  return true;
+  if (!controlHasFocus(parts_)) parts_.focus.state = FocusState::Outside;
 }
 
 bool EditorController::editKeyDown(std::int32_t key) {
@@ -353,6 +289,7 @@ void EditorController::editKeyDone(std::int32_t key) { fireKeyDown(parts_, servi
 
 bool EditorController::editAllows(char16_t character) {
   const EditorModel& editor = parts_.editor;
+  if (!editor.active || !editor.box) return false;
   Selection selection;
   editor.box->selection(selection.start, selection.end);
   return mayEnter(editor.box->text(), selection, character,
@@ -365,14 +302,15 @@ bool EditorController::editAllowsComposition() {
   return (parts_.editor.inputType & input_type::numeric) == 0;
 }
 
-// Within the control nothing is lost but the box's own picture.
+// Within the control nothing is lost but the box's own picture. A listener of OnExit may have fetched the
+// focus back.
 void EditorController::editFocusLost(FocusTarget target) {
   if (!parts_.window) return;
   if (target == FocusTarget::Elsewhere) {
     parts_.focus.state = FocusState::Outside;
     tryCommit(CommitMode::FocusLost);
     if (!parts_.window) return;
-    services_.fire(EventId::OnKillFocus, {});
+    if (parts_.focus.state == FocusState::Outside) services_.fire(EventId::OnKillFocus, {});
   }
   services_.Repaint(nullptr);
 }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "interaction/drop_list.h"
 #include "interaction/edit_filter.h"
@@ -25,6 +26,12 @@ class EditorController : public EditBoxOwner {
   // Who takes the keys that the box hands up: the keyboard dispatch of the grid's window.
   void setKeyTarget(std::function<void(std::int32_t key)> target) { keyTarget_ = std::move(target); }
 
+  // Who opens and closes the node of a row that is pressed or gets a blank. Nobody in a grid without a tree.
+  void setNodeTarget(std::function<void(RowNode& row)> target) { nodeTarget_ = std::move(target); }
+  void toggleNode(RowNode& row) const {
+    if (nodeTarget_) nodeTarget_(row);
+  }
+
   // The box and the list, parked; after parts.window was set.
   void windowCreated();
   // Saves an open edit and lets go of box and list; before parts.window is cleared.
@@ -39,14 +46,21 @@ class EditorController : public EditBoxOwner {
   // False: the editor stays, OnExit is being asked already, or the grid is no longer the one that the caller
   // knows.
   bool tryCommit(CommitMode mode);
-  // For every move of the focus. An open list goes without a choice.
+  // For every move of the focus: false when anything is open afterwards. An open list goes without a choice.
   bool commitBeforeMove();
-  // Closes without a question and without writing: the columns or rows are going away.
+  // What a host asks for while somebody edits would take the cell away: the edit ends as if the focus were
+  // lost, an open list without a choice. Nothing is open afterwards but an edit that is being asked about.
+  void settle();
+  // Closes everything without a question and without writing: the columns or rows are made anew. The text of
+  // an edit that is being asked about may still be saved, as long as row numbers hold.
   void abandon();
-  // The data set has taken a row in or out while no move of the grid's own runs, and the focus has not
-  // followed yet: an open edit is saved into its row, whose number may have changed, and ends.
+  // The same, but the row numbers hold no longer, or the data set goes.
+  void forgetRows();
+  // The data set has taken a row in or out: what is open goes on under the row's new number, or ends with it.
   void rowInserted(std::int32_t row);
   void rowDeleted(std::int32_t row);
+  // Rows behind `count` are gone.
+  void rowsCut(std::int32_t count);
 
   // An edit of the focus cell, whether it is editable or not. `withPopup`: a cell that has only a button
   // fires OnPopup instead. True when either happened.
@@ -78,13 +92,24 @@ class EditorController : public EditBoxOwner {
   void editFocusLost(FocusTarget target) override;
 
  private:
-  // The cell that is edited; its column is good while the generation is the same.
+  // The cell that is edited; its column is good while the generation is the same. Each edit has a number of
+  // its own: what an edit was asked or told must not end or change another one.
   struct EditedCell {
     XString colid;
+    XString refColumnId;
     std::int32_t row = 0;
     ColumnPosition column = nullptr;
     std::uint64_t generation = 0;
+    std::uint64_t serial = 0;
   };
+  // A text whose editor went in a rebuild while its OnExit was being asked.
+  struct LeftText {
+    XString refColumnId;
+    std::int32_t row = 0;
+    XString text;
+  };
+  // What an OnPopup came from.
+  static constexpr std::int32_t popupByButton = 1, popupByEnter = 0;
   struct Closing {
     bool refocus = false;
     bool save = false;
@@ -99,24 +124,32 @@ class EditorController : public EditBoxOwner {
 
   EditRules takeRules(const ColumnRecord& column, std::int32_t dataColumn, bool& numeric) const;
   void fillBox(const ColumnRecord& column, std::int32_t row);
-  bool focusBox(const GridWatch& watch);
+  bool focusBox(const GridWatch& watch, std::uint64_t serial);
 
+  bool isOpen(std::uint64_t serial) const { return parts_.editor.active && cell_.serial == serial; }
   std::int32_t askExit();
+  bool stay();
   void close(const Closing& closing);
+  void drop();
+  void finish(bool refocus);
+  void leaveText();
+  void saveLeftText(EditOutcome outcome);
   void writeText();
   void takeFocusBack();
 
   bool pressPopup(const ColumnRecord& column, RowNode& row);
   bool pressMark(const ColumnRecord& column, RowNode& row);
-  // Rows have no children that could be shown or hidden.
-  bool toggleNode() { return false; }
 
   GridParts& parts_;
   GridServices& services_;
   DropListController list_;
   std::function<void(std::int32_t key)> keyTarget_;
+  std::function<void(RowNode& row)> nodeTarget_;
   EditedCell cell_;
-  bool closing_ = false;  // the text is on its way: whatever comes back finds the edit settled
+  std::optional<LeftText> left_;
+  std::uint64_t lastSerial_ = 0;
+  std::uint64_t askedSerial_ = 0;  // the edit that OnExit is or was last asked about
+  bool closing_ = false;           // the text is on its way: whatever comes back finds the edit settled
 };
 
 }  // namespace tessera

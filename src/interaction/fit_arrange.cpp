@@ -2,6 +2,7 @@
 
 #include "interaction/column_moves.h"
 #include "interaction/grid_watch.h"
+#include "interaction/reading_scope.h"
 #include "render/column_width.h"
 
 namespace tessera {
@@ -61,7 +62,11 @@ class ColumnFitter {
 
 void fitArrange(GridParts& parts, GridServices& services) {
   if (!parts.window || !parts.link.dataSet()) return;
-  ColumnFitter(parts, services).run();
+  {
+    const ReadingScope reading(parts, services);
+    ColumnFitter(parts, services).run();
+  }
+  if (!parts.window) return;
   parts.focus.followColumn();
   parts.updateBars(bar_bit::horizontal);
   const GridFrame frame = parts.frame();
@@ -69,6 +74,7 @@ void fitArrange(GridParts& parts, GridServices& services) {
   if (focus.CellMode && focus.FocusColumn) {
     ColumnScroll{parts.config.columns, parts.page, focus, frame}.EnsureColumnVisible(
         focus.FocusColumn->value());
+    parts.page.EnsureRowVisible(parts.rows, frame.rowCapacity(), focus.FocusRow);
   }
   services.Repaint(nullptr);
 }

@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "geometry/hit_test.h"
+#include "interaction/focused_child.h"
 #include "interaction/ime_mode.h"
 
 namespace tessera {
@@ -53,19 +53,27 @@ void FocusController::followColumn() {
   if (focus.FocusColumn) focus.FocusLeft = focus.FocusColumn->value().view.rect.left;
 }
 
-void FocusController::scrollFullyLeft() {
+std::int32_t FocusController::scrollFullyLeft() {
   const GridFrame frame = parts_.frame();
   ColumnScroll scroll{parts_.config.columns, parts_.page, parts_.focus, frame};
-  while (scroll.StepLeft() != 0) {
-  }
+  std::int32_t moved = 0;
+  while (const std::int32_t step = scroll.StepLeft()) moved = addClamped(moved, step);
   followColumn();
+  return moved;
 }
 
-void FocusController::scrollFullyRight() {
+std::int32_t FocusController::scrollFullyRight() {
   const GridFrame frame = parts_.frame();
   ColumnScroll scroll{parts_.config.columns, parts_.page, parts_.focus, frame};
-  while (scroll.StepRight() != 0) {
-  }
+  std::int32_t moved = 0;
+  while (const std::int32_t step = scroll.StepRight()) moved = subClamped(moved, step);
+  followColumn();
+  return moved;
+}
+
+void FocusController::scrollBack(std::int32_t dx, std::int32_t stop) {
+  shiftScrolledColumns(parts_.config.columns, subClamped(0, dx));
+  parts_.page.ColumnStop = stop;
   followColumn();
 }
 
@@ -88,11 +96,8 @@ void FocusController::showColumn(ColumnPosition column) {
 }
 
 // The row of the focus cell changes its flag only when it changes.
-void FocusController::flagRow(RowNode* row) {
-  const RowNode* old = parts_.focus.FocusRow;
-  if (old == row) return;
-  if (old) parts_.link.setRowSelected(old->row, false);
-  parts_.link.setRowSelected(row->row, true);
+bool FocusController::markFocusRow(RowNode*& row) {
+  return parts_.focus.FocusRow == row || selection().markOnly(row);
 }
 
 void FocusController::storeFocus(const Cell& cell) {
@@ -103,16 +108,27 @@ void FocusController::storeFocus(const Cell& cell) {
   followColumn();
 }
 
+std::optional<MoveResult> FocusController::refusal(const XString& colid, std::int32_t row) {
+  const GridWatch watch(parts_, services_);
+  const auto whatStays = [&]() -> std::optional<MoveResult> {
+    const bool ended = editors_.commitBeforeMove();
+    if (!watch.holds()) return MoveResult::Gone;
+    return ended ? std::nullopt : std::optional(MoveResult::EditorStays);
+  };
+  if (const auto stays = whatStays()) return stays;
+  if (!ask(colid, row)) return MoveResult::Vetoed;
+  return whatStays();
+}
+
 MoveResult FocusController::moveTo(Cell target, const MoveStyle& style) {
   const GridWatch watch(parts_, services_);
   const std::int32_t number = target.row->row;
   const XString id = target.column->value().id;
-  if (!editors_.commitBeforeMove()) return watch.holds() ? MoveResult::EditorStays : MoveResult::Gone;
-  if (!ask(id, number)) return MoveResult::Vetoed;
+  if (const auto refused = refusal(id, number)) return *refused;
   target.row = parts_.rows.find(number);
-  if (!watch.holds() || !target.row || !parts_.focus.CellMode) return MoveResult::Gone;
+  if (!target.row || !parts_.focus.CellMode) return MoveResult::Gone;
   scrollPage(style.scrollRows);
-  flagRow(target.row);
+  if (!markFocusRow(target.row)) return MoveResult::Gone;
   storeFocus(target);
   syncCurrentRow();
   if (!watch.holds()) return MoveResult::Gone;
@@ -128,12 +144,12 @@ MoveResult FocusController::moveTo(Cell target, const MoveStyle& style) {
 MoveResult FocusController::selectRow(RowNode* target, const MoveStyle& style) {
   const GridWatch watch(parts_, services_);
   const std::int32_t number = target->row;
-  if (!ask(noColumn, number)) return MoveResult::Vetoed;
+  if (const auto refused = refusal(noColumn, number)) return *refused;
   target = parts_.rows.find(number);
-  if (!watch.holds() || !target || parts_.focus.CellMode) return MoveResult::Gone;
+  if (!target || parts_.focus.CellMode) return MoveResult::Gone;
   scrollPage(style.scrollRows);
-  selection().selectOnly(target);
-  showRow(target, style.onTop);
+  if (!selection().selectOnly(target)) return MoveResult::Gone;
+  showRow(parts_.rows.find(number), style.onTop);
   syncCurrentRow();
   if (!watch.holds()) return MoveResult::Gone;
   fireChanged(noColumn, number);
@@ -155,12 +171,10 @@ void FocusController::setRowPosition(std::int32_t row) {
 MoveResult FocusController::focusRow(RowNode* target) {
   const GridWatch watch(parts_, services_);
   const std::int32_t number = target->row;
-  if (!editors_.commitBeforeMove()) return MoveResult::EditorStays;
   const XString id = idOf(parts_.focus.FocusColumn);
-  if (!ask(id, number)) return MoveResult::Vetoed;
+  if (const auto refused = refusal(id, number)) return *refused;
   target = parts_.rows.find(number);
-  if (!watch.holds() || !target || !parts_.focus.CellMode) return MoveResult::Gone;
-  flagRow(target);
+  if (!target || !parts_.focus.CellMode || !markFocusRow(target)) return MoveResult::Gone;
   parts_.focus.FocusRow = target;
   showRow(target, false);
   syncCurrentRow();
@@ -180,16 +194,12 @@ void FocusController::setColumnPosition(const XString& id) {
 }
 
 void FocusController::takeRow(ColumnPosition column, std::int32_t row) {
-  const GridWatch watch(parts_, services_);
   const XString id = idOf(column);
-  if (!editors_.commitBeforeMove() || !ask(id, row)) return;
-  RowNode* const node = parts_.rows.find(row);
-  if (!watch.holds() || !node) return;
-  FocusModel& focus = parts_.focus;
-  if (focus.CellMode) flagRow(node);
-  selection().clear();
-  parts_.link.setRowSelected(row, true);
-  focus.FocusRow = node;
+  if (refusal(id, row)) return;
+  RowNode* node = parts_.rows.find(row);
+  if (!node || !selection().markOnly(node)) return;
+  parts_.focus.SelectedRows.clear();
+  parts_.focus.FocusRow = node;
   if (column) {
     toCellMode(column);
   } else {
@@ -201,8 +211,7 @@ void FocusController::takeRow(ColumnPosition column, std::int32_t row) {
 
 void FocusController::toCellMode(ColumnPosition column) {
   parts_.focus.CellMode = true;
-  const CellSteps steps(parts_.config.columns, parts_.metrics, parts_.rows);
-  storeFocus({parts_.focus.FocusRow, column, steps.lineAt(column->value().view.rect.top)});
+  storeFocus({parts_.focus.FocusRow, column, parts_.metrics.lineAt(column->value().view.rect.top)});
   showColumn(column);
   showRow(parts_.focus.FocusRow, false);
   applyImeMode();
@@ -215,37 +224,28 @@ void FocusController::toRowMode() {
   focus.SelectedRows.push_back(focus.FocusRow);
 }
 
-bool FocusController::pressRow(Point at, Modifiers modifiers) {
-  const GridFrame frame = parts_.frame();
-  const Hit hit = hitTest(frame, parts_.config.columns, parts_.page, parts_.link, at.x, at.y);
-  if (!hit.node) return false;
-  if (hit.region == Region::Indicator || at.x <= frame.indicatorWidth) {
+// In the indicator, a row that sums others counts as its own region.
+void FocusController::pressRow(const Hit& hit, Point at, Modifiers modifiers) {
+  if (!hit.node) return;
+  if (hit.region == Region::Indicator || at.x <= parts_.frame().indicatorWidth) {
     pressIndicator(hit.node, modifiers);
   } else {
     pressCell(hit.node, hit.column);
   }
-  return true;
 }
 
 // A selection of several rows that is pressed may be about to be dragged.
 void FocusController::pressIndicator(RowNode* row, Modifiers modifiers) {
-  FocusModel& focus = parts_.focus;
+  const GridWatch watch(parts_, services_);
   RowSelection rows = selection();
+  const bool inRowMode = !parts_.focus.CellMode;
   const bool drags = (parts_.settings.DragDrop & drag_drop::rows) != 0;
-  if (drags && focus.SelectedRows.size() >= 2 && rows.holds(row)) return;
-  if (focus.CellMode) {
-    if (focus.FocusRow) parts_.link.setRowSelected(focus.FocusRow->row, false);
-    focus.FocusColumn = nullptr;
-    focus.CellMode = false;
-    focus.SelectedRows.clear();
-  }
-  if (modifiers.control) {
-    if (!rows.toggle(row)) return;
-  } else if (modifiers.shift && rows.head()) {
-    rows.extendTo(row);
-  } else {
-    rows.selectOnly(row);
-  }
+  if (drags && inRowMode && parts_.focus.SelectedRows.size() >= 2 && rows.holds(row)) return;
+  const bool extends = modifiers.shift && inRowMode && rows.head();
+  const bool changed = modifiers.control ? rows.toggle(row)
+                       : extends         ? rows.extendTo(row)
+                                         : rows.selectOnly(row);
+  if (!changed || !watch.holds()) return;
   showRow(rows.head(), false);
   syncCurrentRow();
 }
@@ -254,17 +254,13 @@ void FocusController::pressIndicator(RowNode* row, Modifiers modifiers) {
 void FocusController::pressCell(RowNode* row, ColumnPosition column) {
   const GridWatch watch(parts_, services_);
   FocusModel& focus = parts_.focus;
-  if (focus.CellMode) {
-    if (focus.FocusRow) parts_.link.setRowSelected(focus.FocusRow->row, false);
-  } else {
-    selection().clear();
-    focus.CellMode = true;
-  }
-  parts_.link.setRowSelected(row->row, true);
+  if (!selection().markOnly(row)) return;
+  focus.SelectedRows.clear();
+  focus.CellMode = true;
   const CellSteps steps(parts_.config.columns, parts_.metrics, parts_.rows);
   Cell cell{row, focus.FocusColumn, parts_.metrics.CurrentLine};
   if (!column && !cell.column) column = steps.home(0);
-  if (column) cell = {row, column, steps.lineAt(column->value().view.rect.top)};
+  if (column) cell = {row, column, parts_.metrics.lineAt(column->value().view.rect.top)};
   storeFocus(cell);
   syncCurrentRow();
   if (!watch.holds() || !focus.FocusColumn) return;
@@ -283,11 +279,12 @@ void FocusController::focusGained() {
   services_.Repaint(nullptr);
 }
 
+// A press into the open box or list moves the focus within the control.
 void FocusController::focusLost() {
   FocusModel& focus = parts_.focus;
   if (focus.state == FocusState::Grid) {
-    focus.state = FocusState::Outside;
-    services_.fire(EventId::OnKillFocus, {});
+    focus.state = focusedChild(parts_);
+    if (focus.state == FocusState::Outside) services_.fire(EventId::OnKillFocus, {});
   }
   services_.Repaint(nullptr);
 }

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
+#include "geometry/hit_test.h"
 #include "interaction/cell_steps.h"
 #include "interaction/editor_controller.h"
 #include "interaction/grid_parts.h"
@@ -28,8 +30,9 @@ struct MoveStyle {
   bool setInput = true;         // the input method follows the focus
 };
 
-// All moves keep one order: an open editor closes, OnSelChange is asked, flags and focus change, the data
-// set's current row follows, the page follows, OnSelChanged. A refusal leaves everything as it was.
+// All moves, those by Left, Right, Home and End too, keep one order: an open editor closes, OnSelChange is
+// asked, flags and focus change, the data set's current row follows, the page follows, OnSelChanged. A
+// refusal leaves everything as it was.
 class FocusController {
  public:
   FocusController(GridParts& parts, GridServices& services, EditorController& editors)
@@ -39,8 +42,11 @@ class FocusController {
   void setRowPosition(std::int32_t row);
   void setColumnPosition(const XString& id);
 
-  // A press of the left button whose OnSelChange was answered. False when no row lies there.
-  bool pressRow(Point at, Modifiers modifiers);
+  // Whether the focus must not move to this place; nothing when it may. Whatever is open ends first, and so
+  // does what the host opens while it is asked: none may stand over a cell that is no longer the focus cell.
+  std::optional<MoveResult> refusal(const XString& colid, std::int32_t row);
+  // A press of the left button whose move was not refused, on what `hit` says wherever it lies by now.
+  void pressRow(const Hit& hit, Point at, Modifiers modifiers);
 
   // The grid's window got or lost the keyboard focus.
   void focusGained();
@@ -55,15 +61,18 @@ class FocusController {
   MoveResult moveTo(Cell target, const MoveStyle& style = {});
   // Row mode: `target` becomes the only selected row.
   MoveResult selectRow(RowNode* target, const MoveStyle& style = {});
-  // Scrolls sideways as far as it goes; FocusLeft follows.
-  void scrollFullyLeft();
-  void scrollFullyRight();
+  // Scrolls sideways as far as it goes; FocusLeft follows. The result is how far the columns went to the
+  // right, in pixels.
+  std::int32_t scrollFullyLeft();
+  std::int32_t scrollFullyRight();
+  // Takes back a scrolling by `dx` pixels that began at `stop`.
+  void scrollBack(std::int32_t dx, std::int32_t stop);
 
  private:
   bool ask(const XString& colid, std::int32_t row);
   void fireChanged(const XString& colid, std::int32_t row);
   void scrollPage(std::int32_t rows);
-  void flagRow(RowNode* row);
+  bool markFocusRow(RowNode*& row);
   void storeFocus(const Cell& cell);
   void showRow(RowNode* row, bool onTop);
   void showColumn(ColumnPosition column);
@@ -75,7 +84,7 @@ class FocusController {
   void takeRow(ColumnPosition column, std::int32_t row);
   void pressIndicator(RowNode* row, Modifiers modifiers);
   void pressCell(RowNode* row, ColumnPosition column);
-  RowSelection selection() { return {parts_.focus, parts_.rows, parts_.link}; }
+  RowSelection selection() const { return {parts_, services_}; }
 
   GridParts& parts_;
   GridServices& services_;

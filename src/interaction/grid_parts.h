@@ -35,6 +35,11 @@ struct GridParts {
   ExpressionEngine expressions;
   EvalState eval;
   std::uint64_t generation = 0;  // raised whenever columns or rows are made anew
+  std::uint64_t numbering = 0;   // raised whenever rows got other numbers
+  std::uint64_t refreshes = 0;   // the share of Refresh in that
+  std::int32_t drawHolds = 0;    // nothing is painted while there are any
+  std::int32_t readings = 0;     // columns and rows stay as they are while there are any
+  bool refreshDue = false;       // something was to be made anew meanwhile
   Window* window = nullptr;      // between the window's creation and its destruction
 
   GridFrame frame() const {

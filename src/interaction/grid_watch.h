@@ -10,8 +10,8 @@
 namespace tessera {
 
 // The host runs inside every event and inside every call of the data set. While the watch holds, columns are
-// those of before and row numbers name the rows of before. Nodes may have been made anew all the same:
-// whoever needs one afterwards finds it again by its number.
+// those of before, and row numbers name the rows of before and no others. Nodes may have been made anew all
+// the same: whoever needs one afterwards finds it again by its number.
 class GridWatch {
  public:
   GridWatch(const GridParts& parts, const GridServices& services)
@@ -20,35 +20,38 @@ class GridWatch {
         generation_(services.generation()),
         window_(parts.window),
         dataSet_(parts.link.dataSet()),
+        numbering_(parts.numbering),
         rowCount_(parts.link.rowCount()) {}
 
-  bool holds() const {
-    return services_.generation() == generation_ && parts_.window == window_ &&
-           parts_.link.dataSet() == dataSet_ && parts_.link.rowCount() == rowCount_;
-  }
+  bool holds() const { return isSameGrid() && parts_.link.rowCount() == rowCount_; }
+  // The same, but rows may have come at the end.
+  bool holdsRows() const { return isSameGrid() && parts_.link.rowCount() >= rowCount_; }
 
  private:
+  bool isSameGrid() const {
+    return services_.generation() == generation_ && parts_.window == window_ &&
+           parts_.link.dataSet() == dataSet_ && parts_.numbering == numbering_;
+  }
+
   const GridParts& parts_;
   const GridServices& services_;
   std::uint64_t generation_;
   const Window* window_;
   const DataSetControl* dataSet_;
+  std::uint64_t numbering_;
   std::int32_t rowCount_;
 };
 
-// No paint in between.
+// No paint in between, whatever the host makes of the Draw property meanwhile.
 class DrawHold {
  public:
-  explicit DrawHold(GridSettings& settings) : settings_(settings), saved_(settings.Draw) {
-    settings_.Draw = false;
-  }
-  ~DrawHold() { settings_.Draw = saved_; }
+  explicit DrawHold(GridParts& parts) : parts_(parts) { ++parts_.drawHolds; }
+  ~DrawHold() { --parts_.drawHolds; }
   DrawHold(const DrawHold&) = delete;
   DrawHold& operator=(const DrawHold&) = delete;
 
  private:
-  GridSettings& settings_;
-  bool saved_;
+  GridParts& parts_;
 };
 
 }  // namespace tessera

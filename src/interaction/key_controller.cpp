@@ -163,15 +163,12 @@ bool KeyController::edgeOfRows(RowNode* target) {
   return focus_.selectRow(target, {.onTop = true}) == MoveResult::Moved;
 }
 
-// The columns scroll even when the focus has nowhere to go.
+// The columns scroll even when the focus is there already, but not when there is no cell to go to.
 bool KeyController::edgeOfCells(bool atEnd, bool control) {
   Cell target = focus_.focusCell();
   if (!target.row) return false;
-  if (atEnd) {
-    focus_.scrollFullyRight();
-  } else {
-    focus_.scrollFullyLeft();
-  }
+  const std::int32_t stop = parts_.page.ColumnStop;
+  const std::int32_t moved = atEnd ? focus_.scrollFullyRight() : focus_.scrollFullyLeft();
   const CellSteps cells = steps();
   const Cell from = target;
   if (control) {
@@ -179,7 +176,10 @@ bool KeyController::edgeOfCells(bool atEnd, bool control) {
     target.line = atEnd ? cells.lineCount() - 1 : 0;
   }
   target.column = atEnd ? cells.end(target.line) : cells.home(target.line);
-  if (!target.row || !target.column) return true;
+  if (!target.row || !target.column) {
+    focus_.scrollBack(moved, stop);
+    return false;
+  }
   if (target.row == from.row && target.column == from.column) return true;
   focus_.moveTo(target, {.onTop = control});
   return true;

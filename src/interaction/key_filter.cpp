@@ -34,18 +34,21 @@ bool KeyFilter::someCellEdits() const {
   });
 }
 
+// The search may have scrolled, which has to be seen however the Tab ends.
 KeyRoute KeyFilter::tab(std::int32_t& key) {
   const Cell start = focus_.focusCell();
   std::optional<Cell> target;
   if (start.row && start.column && someCellEdits()) {
+    const std::int32_t stop = parts_.page.ColumnStop;
     target = nextEditable(start, parts_.window->modifiers().shift);
+    if (parts_.page.ColumnStop != stop) services_.Repaint(nullptr);
   }
   if (!target) {
     fireKeyDown(parts_, services_, key::tabDone);
     return KeyRoute::Host;
   }
   const MoveResult result = focus_.moveTo(*target, {.setInput = false});
-  if (!parts_.window) return KeyRoute::Done;
+  if (!parts_.window || !parts_.settings.Enable) return KeyRoute::Done;
   if (result == MoveResult::EditorStays) {
     fireKeyDown(parts_, services_, key::tabDone);
     return KeyRoute::Done;

@@ -12,7 +12,8 @@ class MenuController {
   MenuController(GridParts& parts, GridServices& services) : parts_(parts), services_(services) {}
 
   // Shows the configured menu at a client point and fires OnMenuSelected for the item chosen. Modal; the menu
-  // is a copy, so the configuration may change meanwhile. A code of 0 cannot be told from no choice.
+  // is a copy, so the configuration may change meanwhile. A code of 0 cannot be told from no choice. Each
+  // item is enabled or not by itself, whatever other items have its code.
   void trackPopupMenu(std::int32_t x, std::int32_t y);
 
  private:

@@ -5,6 +5,7 @@
 
 #include "interaction/cursor_shape.h"
 #include "interaction/head_check.h"
+#include "interaction/reading_scope.h"
 #include "interaction/tree_box_hit.h"
 
 namespace tessera {
@@ -19,15 +20,21 @@ bool hasMoved(Point from, Point to) {
   return std::abs(subClamped(to.x, from.x)) >= reach || std::abs(subClamped(to.y, from.y)) >= reach;
 }
 
-std::array<XValue, 2> selectionArguments(const XString& colid, std::int32_t row) {
-  return {XValue::ofText(colid), XValue::ofInt(row)};
-}
-
 }  // namespace
 
-MouseController::Spot MouseController::spotAt(Point at) {
-  const GridFrame frame = parts_.frame();
-  const Hit hit = hitTest(frame, parts_.config.columns, parts_.page, parts_.link, at.x, at.y);
+// Nothing is hit where the grid was made anew while it was asked.
+Hit MouseController::hitAt(Point at) const {
+  const std::uint64_t generation = services_.generation();
+  Hit hit;
+  {
+    const ReadingScope reading(parts_, services_);
+    hit = hitTest(parts_.frame(), parts_.config.columns, parts_.page, parts_.link, at.x, at.y);
+  }
+  return services_.generation() == generation ? hit : Hit();
+}
+
+MouseController::Spot MouseController::spotAt(Point at) const {
+  const Hit hit = hitAt(at);
   return {hit, hit.column ? hit.column->value().id : XString(), at, GridWatch(parts_, services_)};
 }
 
@@ -48,6 +55,7 @@ bool MouseController::closeEditor() {
 // looked at afterwards.
 void MouseController::leftDown(Point at) {
   if (!parts_.window) return;
+  if (endPress()) services_.Repaint(nullptr);
   const bool free = closeEditor();
   if (free && parts_.window && !parts_.window->hasFocus()) parts_.window->setFocus();
   Spot spot = spotAt(at);
@@ -101,14 +109,14 @@ MouseController::PressResult MouseController::pressRows(Spot& spot) {
   if ((parts_.settings.DragDrop & drag_drop::rows) && gestures_.tryDrag(spot.hit, spot.at)) return over;
   if (!renew(spot)) return over;
   const bool changes = changesSelection(spot.hit);
-  if (changes && (!askSelChange(spot) || !renew(spot))) return over;
+  if (changes && (focus_.refusal(spot.colid, spot.hit.row) || !renew(spot))) return over;
   const bool onTreeBox = isOnTreeBox(spot);
   const bool handled = editors_.activateCell(spot.at.x, spot.at.y, spot.hit.column, spot.hit.node);
   if (!renew(spot)) return over;
-  focus_.pressRow(spot.at, parts_.window->modifiers());
-  if (onTreeBox && renew(spot)) gestures_.toggleNode(*spot.hit.node);
+  focus_.pressRow(spot.hit, spot.at, parts_.window->modifiers());
+  if (onTreeBox && renew(spot)) editors_.toggleNode(*spot.hit.node);
   gestures_.clearBlock();
-  if (changes) fireSelChanged(spot);
+  if (changes && renew(spot)) fireSelChanged(spot);
   return {.handled = handled, .repaint = true};
 }
 
@@ -157,9 +165,15 @@ void MouseController::leftUp(Point at) {
   fireMouse(EventId::OnLButtonUp, spot);
 }
 
-void MouseController::focusLost() {
-  sort_.end();
-  resize_.end();
+bool MouseController::endPress() {
+  const bool sort = sort_.end();
+  const bool resize = resize_.end();
+  return sort || resize;
+}
+
+void MouseController::windowDestroyed() {
+  endPress();
+  parts_.mouse.state = MouseState::Idle;
 }
 
 // The first press of the two has made the cell the focus cell.
@@ -194,8 +208,9 @@ void MouseController::showCursor() {
   const Point pointer = parts_.window->pointer();
   const Point origin = parts_.window->clientOrigin();
   const Point at{subClamped(pointer.x, origin.x), subClamped(pointer.y, origin.y)};
+  const Hit hit = hitAt(at);
+  if (!parts_.window) return;
   const GridFrame frame = parts_.frame();
-  const Hit hit = hitTest(frame, parts_.config.columns, parts_.page, parts_.link, at.x, at.y);
   const bool canDrag = (parts_.settings.DragDrop & drag_drop::rows) && gestures_.canDrag(hit, at);
   const CursorScene scene{frame, parts_.config.columns, parts_.settings, parts_.eval};
   parts_.window->setCursor(cursorShape(scene, hit, at, canDrag));
@@ -208,12 +223,9 @@ void MouseController::fireMouse(EventId id, const Spot& spot) {
   services_.fire(id, arguments);
 }
 
-bool MouseController::askSelChange(const Spot& spot) {
-  return services_.ask(EventId::OnSelChange, selectionArguments(spot.colid, spot.hit.row));
-}
-
 void MouseController::fireSelChanged(const Spot& spot) {
-  services_.fire(EventId::OnSelChanged, selectionArguments(spot.colid, spot.hit.row));
+  const std::array arguments = {XValue::ofText(spot.colid), XValue::ofInt(spot.hit.row)};
+  services_.fire(EventId::OnSelChanged, arguments);
 }
 
 }  // namespace tessera

@@ -36,8 +36,11 @@ class MouseController {
   void rightUp(Point at);
   void rightDouble(Point at);
   void move(Point at);
-  // The window lost the keyboard focus: whatever a press holds goes back. The caller repaints.
-  void focusLost();
+  // Whatever a press holds goes back, without an effect; true when there was something. The caller repaints.
+  // For a window that lost the keyboard focus, and for a press whose release never came.
+  bool endPress();
+  // Before parts.window is cleared.
+  void windowDestroyed();
   // The window asks for the cursor over the place of the pointer.
   void showCursor();
 
@@ -55,7 +58,8 @@ class MouseController {
     bool repaint = false;
   };
 
-  Spot spotAt(Point at);
+  Hit hitAt(Point at) const;
+  Spot spotAt(Point at) const;
   // After the host ran: false when the column or the row of `spot` is gone. Rows may have been rebuilt, then
   // the node is the one that has the row's number now.
   bool renew(Spot& spot) const;
@@ -73,7 +77,6 @@ class MouseController {
 
   void fireMouse(EventId id, const Spot& spot);
   void fireSelChanged(const Spot& spot);
-  bool askSelChange(const Spot& spot);
 
   GridParts& parts_;
   GridServices& services_;

@@ -6,8 +6,8 @@
 
 namespace tessera {
 
-// Drags, blocks and the opening of nodes are carried out elsewhere. The defaults are those of a grid that has
-// none of them. Every operation may run events of the host.
+// Drags and blocks are carried out elsewhere. The defaults are those of a grid that has none of them. Every
+// operation may run events of the host.
 class MouseGestures {
  public:
   virtual ~MouseGestures() = default;
@@ -16,7 +16,6 @@ class MouseGestures {
   virtual bool canDrag(const Hit&, Point) { return false; }
   // True when a drag ran: it is modal, and the press that started it is over.
   virtual bool tryDrag(const Hit&, Point) { return false; }
-  virtual void toggleNode(RowNode&) {}
 
   // True when a block starts at the place where the button went down.
   virtual bool startBlock(Point) { return false; }

@@ -55,14 +55,19 @@ void ScrollController::moveColumns(std::int32_t steps) {
   bool moved = false;
   for (; steps > 0 && scroll.StepRight() != 0; --steps) moved = true;
   for (; steps < 0 && scroll.StepLeft() != 0; ++steps) moved = true;
-  if (moved) services_.Repaint(nullptr);
+  if (moved) hasMoved();
 }
 
 void ScrollController::moveRows(std::int32_t rows) {
   const std::int32_t capacity = parts_.frame().rowCapacity();
   const bool moved = rows > 0 ? parts_.page.RowsDown(parts_.rows, capacity, rows)
                               : parts_.page.RowsUp(parts_.rows, capacity, subClamped(0, rows));
-  if (moved) services_.Repaint(nullptr);
+  if (moved) hasMoved();
+}
+
+void ScrollController::hasMoved() {
+  editors_.list().close(false);
+  services_.Repaint(nullptr);
 }
 
 }  // namespace tessera

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 
+#include "interaction/editor_controller.h"
 #include "interaction/grid_parts.h"
 #include "shared/grid_services.h"
 
@@ -19,10 +20,12 @@ enum class ScrollCode : std::int32_t {
   ThumbTrack = 5,
 };
 
-// The focus stays where it is: its cell may leave the page.
+// The focus stays where it is: its cell may leave the page. An open list, whose cell moves away under it,
+// closes without a choice.
 class ScrollController {
  public:
-  ScrollController(GridParts& parts, GridServices& services) : parts_(parts), services_(services) {}
+  ScrollController(GridParts& parts, GridServices& services, EditorController& editors)
+      : parts_(parts), services_(services), editors_(editors) {}
 
   void hscroll(ScrollCode code);
   void vscroll(ScrollCode code);
@@ -33,9 +36,11 @@ class ScrollController {
   // Columns to the right, rows down; below 0 back.
   void moveColumns(std::int32_t steps);
   void moveRows(std::int32_t rows);
+  void hasMoved();
 
   GridParts& parts_;
   GridServices& services_;
+  EditorController& editors_;
 };
 
 }  // namespace tessera

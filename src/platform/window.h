@@ -54,7 +54,8 @@ class Window {
   virtual ~Window() = default;
 
   virtual Size clientSize() const = 0;
-  // Marks the area (null: the whole client area) for a paint and paints at once.
+  // Marks the area (null: the whole client area) for a paint. The paint comes before the window takes its
+  // next input, at the latest; never from inside a paint.
   virtual void repaint(const Rect* area) = 0;
   virtual void setBorder(WindowBorder border) = 0;
   virtual void setEnabled(bool enabled) = 0;

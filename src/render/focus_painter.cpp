@@ -1,6 +1,7 @@
 #include "render/focus_painter.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "geometry/hit_test.h"
 #include "render/glyphs.h"
@@ -61,9 +62,11 @@ class FocusPainter {
   void paintCellMode() const {
     if (!model_.focus.FocusRow || !model_.focus.FocusColumn) return;
     const ColumnRecord& column = model_.focus.FocusColumn->value();
-    model_.eval.ExprRow = model_.focus.FocusRow->row;
+    // What is painted next begins with the last row of the page, whatever has the focus.
+    const std::int32_t lastRow = std::exchange(model_.eval.ExprRow, model_.focus.FocusRow->row);
     tintHeader(column);
     const bool inView = paintFocusCell(column);
+    model_.eval.ExprRow = lastRow;
     if (!inView && column.child.isPopupEdit() && model_.editorOpen) {
       result_.editorPlace.reset();
       result_.parkEditor = true;
@@ -153,7 +156,7 @@ class FocusPainter {
 
   // The button at the right of the cell takes its width from the cell.
   void decorate(const ColumnRecord& column, Rect& cell) const {
-    if (model_.link.level(model_.focus.FocusRow->row) != 0) return;
+    if (model_.link.level(model_.focus.FocusRow->row) > 0) return;
     const ChildSpec& child = column.child;
     if (child.type == CellKind::Edit && child.subType != EditKind::Plain) {
       drawButton(Glyph::PopupButton, cell);

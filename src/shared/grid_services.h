@@ -43,6 +43,8 @@ class GridServices {
   // Raised whenever columns or rows are made anew: whoever lets the host run and then finds another number
   // holds stale ones.
   virtual std::uint64_t generation() const = 0;
+  // Refreshes the grid if that was put off while it was being read.
+  virtual void catchUp() = 0;
 };
 
 }  // namespace tessera

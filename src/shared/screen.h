@@ -11,6 +11,7 @@ namespace tessera {
 struct Screen {
   std::int32_t dotsPerInch = 96;
   ColorRef window = rgb(255, 255, 255);      // COLOR_WINDOW
+  ColorRef windowText = rgb(0, 0, 0);        // COLOR_WINDOWTEXT
   ColorRef face = rgb(212, 208, 200);        // COLOR_3DFACE
   ColorRef highlight = rgb(255, 255, 255);   // COLOR_3DHIGHLIGHT
   ColorRef light = rgb(241, 239, 226);       // COLOR_3DLIGHT

@@ -81,6 +81,29 @@ TEST(SetValue, TheSameValueChangesNothing) {
   EXPECT_EQ(statuses(rows), "0");
 }
 
+// An editor that was only looked into writes back what it showed.
+TEST(SetValue, TheTextThatACellShowsChangesNothing) {
+  ColumnStore store;
+  ColumnFormat decimal;
+  decimal.name = u"D";
+  decimal.type = columnDecimal;
+  decimal.scale = 2;
+  store.addColumn(decimal);
+  store.addColumn({u"T"});
+  const XValue exact = XValue::ofDouble(3.14159);
+  store.column(0).appendReal(3.14159);
+  store.column(1).appendEmpty();
+  store.finishRecord();
+  MemoryDataSet rows(std::move(store));
+  rows.SetText(1, 1, u"3.14");
+  rows.SetText(1, 2, u"");  // a cell without a value
+  EXPECT_EQ(valueAt(rows, 1, 1), exact);
+  EXPECT_EQ(statuses(rows), "0");
+  rows.SetText(1, 1, u"3.15");
+  EXPECT_EQ(valueAt(rows, 1, 1), XValue::ofDouble(3.15));
+  EXPECT_EQ(statuses(rows), std::to_string(rowUpdated));
+}
+
 TEST(SetValue, RowsAndColumnsThatDoNotExist) {
   MemoryDataSet rows(storeOf("n\n1\n"));
   NotingSink sink(rows);

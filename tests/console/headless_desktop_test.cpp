@@ -286,6 +286,20 @@ TEST_F(ListTest, FollowsThePointer) {
   EXPECT_EQ(list().chosen(), -1);
 }
 
+// A window that is disabled takes its children with it.
+TEST_F(ListTest, HasNoFocusWhileItsWindowIsDisabled) {
+  open();
+  ASSERT_TRUE(list().hasFocus());
+  window.setEnabled(false);
+  EXPECT_FALSE(list().hasFocus());
+  EXPECT_EQ(owner.lines, Lines{"lost"});
+  list().setFocus();
+  EXPECT_FALSE(list().hasFocus());
+  window.setEnabled(true);
+  list().setFocus();
+  EXPECT_TRUE(list().hasFocus());
+}
+
 TEST_F(ListTest, MayGoInEveryCall) {
   open("down");
   input.key(40, {});
@@ -356,6 +370,32 @@ TEST(HeadlessInput, SendsWhatAPlatformWouldSend) {
   input.key(65, {});
   input.mouse(MouseAction::Move, {1, 1}, {});
   EXPECT_EQ(take(), Lines{"7 0 0"});
+}
+
+// The flag of a key that nobody has the focus for outlasts a key inside it, and none is set for a key that
+// somebody has the focus for.
+TEST(HeadlessInput, KeysInsideKeys) {
+  HeadlessWindow window({100, 100}, [](Canvas&) {});
+  HeadlessInput input(window.desktop(), {});
+  std::vector<bool> grids;
+  const auto note = [&] { grids.push_back(window.hasFocus()); };
+  std::function<void()> inside;
+  window.setMessageTarget([&](std::uint32_t message, std::uint64_t, std::int64_t) {
+    if (message != 256) return true;
+    note();
+    if (const auto run = std::exchange(inside, nullptr)) run();
+    note();
+    return true;
+  });
+  inside = [&] { input.key(66, {}); };
+  input.key(65, {});
+  EXPECT_EQ(grids, (std::vector<bool>{true, true, true, true}));
+  EXPECT_FALSE(window.hasFocus());
+  input.focusIn();
+  grids.clear();
+  inside = [&] { input.focusOut(); };
+  input.key(65, {});
+  EXPECT_EQ(grids, (std::vector<bool>{true, false}));
 }
 
 TEST(HeadlessWindow, KeepsTheThumbOnItsBar) {

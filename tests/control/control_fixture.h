@@ -69,7 +69,7 @@ class ControlTest : public ::testing::Test {
   }
 
   // A data set "data" with the columns A and B and `count` rows; A holds the row's number.
-  std::shared_ptr<MemoryDataSet> addData(std::int32_t count, bool keepDeleted = false);
+  std::shared_ptr<MemoryDataSet> addData(std::int32_t count, DataSetOptions options = {});
   // Binds the data set, sets the columns and opens the window.
   void open() {
     control.put_DataID(u"data");
@@ -86,7 +86,7 @@ class ControlTest : public ::testing::Test {
   Tessera control{Ports{documents}};
 };
 
-inline std::shared_ptr<MemoryDataSet> ControlTest::addData(std::int32_t count, bool keepDeleted) {
+inline std::shared_ptr<MemoryDataSet> ControlTest::addData(std::int32_t count, DataSetOptions options) {
   ColumnStore store;
   ColumnFormat number;
   number.name = u"A";
@@ -96,9 +96,7 @@ inline std::shared_ptr<MemoryDataSet> ControlTest::addData(std::int32_t count, b
   text.name = u"B";
   text.type = columnText;
   store.addColumn(text);
-  DataSetOptions options;
   options.id = "data";
-  options.keepDeleted = keepDeleted;
   auto data = std::make_shared<MemoryDataSet>(std::move(store), options);
   data->appendRows(count);
   for (std::int32_t row = 1; row <= count; ++row) data->SetValue(row, 1, XValue::ofInt(row));

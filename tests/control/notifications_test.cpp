@@ -42,7 +42,7 @@ TEST_F(Notifications, RowsComeAndGo) {
 }
 
 TEST_F(Notifications, KeptDeletedRowStays) {
-  auto data = addData(10, true);
+  auto data = addData(10, {.keepDeleted = true});
   open();
   const int repaints = window.repaints;
   data->DeleteRow(2);

@@ -139,5 +139,19 @@ TEST_F(Properties, EveryErrorHasItsText) {
   EXPECT_EQ(events.take(), "OnError 9 Tree Level Value is not Proper; ");
 }
 
+// A band that comes takes the place of a row, but not of the focus.
+TEST_F(Properties, TheFocusRowStaysOnAPageThatShrinks) {
+  addData(9);
+  open();
+  for (const std::int32_t band : {1, 2}) {
+    control.put_ViewSummary(0);
+    control.put_RowPosition(1);
+    control.put_RowPosition(4);
+    EXPECT_EQ(page(), "1-5 top 1 of 9 focus 4 a");
+    control.put_ViewSummary(band);
+    EXPECT_EQ(page(), "2-5 top 2 of 9 focus 4 a") << band;
+  }
+}
+
 }  // namespace
 }  // namespace tessera

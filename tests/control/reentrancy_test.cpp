@@ -75,6 +75,40 @@ TEST_F(Reentrancy, IndicatorSetInsideItsOwnError) {
   control.put_IndicatorInfo(u"<I width=\"30\" color=\"@(\"/>");
   const GridParts& parts = control.parts();
   EXPECT_EQ(parts.config.columns.head()->value().view.rect.left, parts.config.indicator.width);
+  // The one set last is there whole, with nothing of the other.
+  events.inside = [this] { control.put_IndicatorInfo(u"<I width=\"50\"/>"); };
+  control.put_IndicatorInfo(u"<I width=\"30\" color=\"@(\" bgcolor=\"red\"/>");
+  EXPECT_EQ(parts.config.indicator.width, 50);
+  EXPECT_EQ(parts.config.indicator.backColor, screen().face);
+  events.inside = [this] { control.put_BackgroundInfo(u"<B/>"); };
+  control.put_BackgroundInfo(u"<B bordercolor=\"@(\" bgcolor=\"red\"/>");
+  EXPECT_EQ(parts.config.background.backColor, screen().window);
+}
+
+// The sort makes the rows anew, not the columns that are being read.
+TEST_F(Reentrancy, RowsSortedInsideAnError) {
+  const auto data = addData(3);
+  open();
+  events.inside = [&] {
+    data->SetSortExpr(u"-A");
+    data->ApplySort();
+  };
+  control.put_ColumnInfo(XString(withExpression(u"(")));
+  EXPECT_EQ(control.parts().config.columns.count(), 2);
+  EXPECT_EQ(page(), "1-3 top 1 of 3 focus 3 a");
+}
+
+// What a Refresh inside of the reading has freed is compiled again.
+TEST_F(Reentrancy, RefreshWhileAnIndicatorIsRead) {
+  addData(3);
+  open();
+  events.inside = [this] { control.Refresh(); };
+  control.put_IndicatorInfo(u"<I color=\"@IIF(A>1,'red','#010000')\" bgcolor=\"@(\"/>");
+  EvalState state;
+  for (const auto& [row, color] : {std::pair(1, 1u), {2, 255u}}) {
+    state.ExprRow = row;
+    EXPECT_EQ(control.parts().config.indicator.effectiveTextColor(state), color);
+  }
 }
 
 TEST_F(Reentrancy, ListenerLeavesInsideItsEvent) {

@@ -65,11 +65,10 @@ TEST(HitTest, FindsBandsRowsAndColumns) {
 TEST(HitTest, SummaryBands) {
   HitFixture f;
   f.settings.ViewSummary = SummaryBand::Top;
-  const HitCase top[] = {{5, 60, "1 -3 -"},
-                         {5, 61, "1 3 -"},
-                         {136, 25, "5 -1 age"},
-                         {136, 45, "5 -1 flag"},
-                         {136, 61, "3 3 age"}};
+  const HitCase top[] = {
+      {5, 60, "1 -3 -"},      {5, 61, "1 3 -"},      {136, 25, "5 -1 age"},
+      {136, 45, "5 -1 flag"}, {30, 60, "5 -1 name"},  // the lowest line counts as the first one
+      {136, 61, "3 3 age"}};
   for (const HitCase& c : top) EXPECT_EQ(f.hit(c.x, c.y), c.expected) << "top " << c.x << "," << c.y;
   f.settings.ViewSummary = SummaryBand::Bottom;
   const HitCase bottom[] = {{5, 180, "1 -3 -"},

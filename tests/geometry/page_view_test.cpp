@@ -122,6 +122,18 @@ TEST(PageView, ScrollsByRows) {
   }
 }
 
+// Rows may have come behind a page of one.
+TEST(PageView, APageOfOneRowKeepsOne) {
+  PageFixture f(1);
+  f.rows.setPlainCount(20);
+  f.page.RowsDown(f.rows, capacity, 18);
+  EXPECT_EQ(pageText(f.page), "19-19 top 19");
+  EXPECT_TRUE(f.page.RowsDown(f.rows, capacity, 10));
+  EXPECT_EQ(pageText(f.page), "20-20 top 20");
+  EXPECT_FALSE(f.page.RowsDown(f.rows, capacity, 1));
+  EXPECT_TRUE(f.page.RowsUp(f.rows, capacity, 1));
+}
+
 // One jump must end where the single steps end.
 TEST(PageView, JumpsEndWhereStepsEnd) {
   for (std::int32_t distance : {1, 2, 7, 60, 99, 100, 1000}) {

@@ -82,9 +82,25 @@ TEST_F(Opening, AnOpenEditorIsNotOpenedAgain) {
   type(u"typed");
   editors.activateEdit();
   editors.imeStarted();
-  editors.charArrived(u'x');
   press(key::tabDone);
   EXPECT_EQ(boxText(), "typed");
+  window.moveFocus(FakeWindow::Focus::Grid);
+  editors.charArrived(u'x');
+  editors.charArrived(13);
+  EXPECT_EQ(boxText(), "typedx") << "what reaches the grid is meant for the box";
+}
+
+TEST_F(Opening, ADisabledGridOpensNothing) {
+  parts.settings.Enable = false;
+  type(u"x");
+  editors.activateEdit();
+  EXPECT_FALSE(editors.active());
+  EXPECT_FALSE(window.edit->owner.editAllows(u'x')) << "nothing may enter a box that stands nowhere";
+  column("a").child.subType = EditKind::PopupFix;
+  EXPECT_FALSE(editors.openEditor(true));
+  column("a").child.type = CellKind::Combo;
+  EXPECT_FALSE(editors.list().open());
+  EXPECT_EQ(services.take(), "");
 }
 
 TEST_F(Opening, TheBoxTakesTheColumnsWishes) {
@@ -181,6 +197,14 @@ TEST_F(Opening, Places) {
   EXPECT_EQ(window.edit->rect, parkedEditor);
   editors.place(paint);
   EXPECT_EQ(window.edit->rect, parkedEditor) << "a closed box stays away";
+  PaintResult nothing;
+  window.edit->rect = {};
+  press(key::enter);
+  editors.place(nothing);
+  EXPECT_NE(window.edit->rect, parkedEditor);
+  parts.focus.FocusRow = nullptr;
+  editors.place(nothing);
+  EXPECT_EQ(window.edit->rect, parkedEditor) << "no focus cell to stand at";
 }
 
 // --- The end of an edit
@@ -298,14 +322,16 @@ TEST_F(CommittingTest, AKeyOfTheGridCommitsToo) {
 
 TEST_F(CommittingTest, NoPaintShowsTheGridHalfWay) {
   press(key::enter);
-  bool drawn = true;
+  std::int32_t holds = 0;
   window.gained = [&] {
-    drawn = parts.settings.Draw;
+    holds = parts.drawHolds;
+    parts.settings.Draw = false;
     focus.focusGained();
   };
   press(key::enter);
-  EXPECT_FALSE(drawn);
-  EXPECT_TRUE(parts.settings.Draw);
+  EXPECT_EQ(holds, 1);
+  EXPECT_EQ(parts.drawHolds, 0);
+  EXPECT_FALSE(parts.settings.Draw) << "what a listener has put meanwhile stays";
 }
 
 TEST_F(CommittingTest, ASecondCloseInsideTheFirstIsRefused) {

@@ -44,6 +44,13 @@ TEST(EditFilter, Characters) {
       {u"abc|", 127, {0, 9, 0}, false},
       {u"|", u'-', {0, 9, 0}, true},
       {u"|", u'x', {0, 0, 0}, false},
+      // Characters of two units enter as a whole or not at all.
+      {u"ab|", 0xD83D, {0, 3, 0}, false},
+      {u"ab|", 0xD83D, {0, 4, 0}, true},
+      {u"a[b]", 0xD83D, {0, 3, 0}, true},
+      {u"ab\xD83D|", 0xDE00, {0, 4, 0}, true},
+      {u"ab|", 0xDE00, {0, 4, 0}, false},
+      {u"|", 0xDE00, {0, 4, 0}, false},
       // What a number may hold.
       {u"|", u'5', {numeric, 9, 2}, true},
       {u"|", u'x', {numeric, 9, 2}, false},
@@ -122,6 +129,10 @@ TEST(EditFilter, TextAtOpening) {
       {u"1.2345", true, 3, -1, u"1"},
       {u"1.2345", true, 2147483647, 9, u"1.2345"},
       {u"x", false, 0, 0, u""},
+      {u"ab\U0001F600c", false, 3, 0, u"ab"},
+      {u"ab\U0001F600c", false, 4, 0, u"ab\U0001F600"},
+      {u"\U0001F600", false, 1, 0, u""},
+      {u"1.\U0001F600", true, 9, 1, u"1."},
   };
   for (const Row& row : table) {
     const EditRules rules{0, row.limit, row.decimals};

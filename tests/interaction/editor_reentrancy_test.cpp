@@ -129,7 +129,7 @@ void expectSound(Grid& grid) {
   if (focus.FocusColumn) {
     EXPECT_EQ(grid.position(focus.FocusColumn->value().id.toUtf8()), focus.FocusColumn);
   }
-  EXPECT_TRUE(grid.parts.settings.Draw);
+  EXPECT_EQ(grid.parts.drawHolds, 0);
   EXPECT_FALSE(grid.parts.editor.asking);
   if (!grid.editors.active()) return;
   EXPECT_EQ(grid.window.focus == FakeWindow::Focus::Edit, focus.state == FocusState::Editor);
@@ -256,28 +256,94 @@ TEST(WhereTextsGo, RowsThatMoveUnderAnOpenEditor) {
   }
 }
 
+// The handler of OnExit has the last word about the text, as long as its row can be told.
 TEST(WhereTextsGo, AHandlerOfOnExitTakesTheCellAway) {
   struct Row {
     const char* what;
     std::function<void(Grid&)> act;
+    const char* saved;  // column a when the answer is to save
+    const char* dropped;
+  };
+  const auto sort = [](Grid& grid) {
+    grid.data->SetSortExpr(u"-a");
+    grid.data->ApplySort();
   };
   const Row table[] = {
-      {"refresh", [](Grid& grid) { grid.refresh(); }},
-      {"no data", [](Grid& grid) { grid.letGoOfData(); }},
+      {"refresh", [](Grid& grid) { grid.refresh(); }, "a1 new a3 ", "a1 a2 a3 "},
+      {"refresh twice", [](Grid& grid) { grid.refresh(), grid.refresh(); }, "a1 new a3 ", "a1 a2 a3 "},
+      {"refresh, and a row above goes", [](Grid& grid) { grid.refresh(), grid.deleteRow(1); }, "new a3 ",
+       "a2 a3 "},
+      {"refresh, and a row comes above", [](Grid& grid) { grid.refresh(), grid.data->InsertRow(1); },
+       " a1 new a3 ", " a1 a2 a3 "},
+      {"refresh, and the row goes", [](Grid& grid) { grid.refresh(), grid.deleteRow(2); }, "a1 a3 ",
+       "a1 a3 "},
+      {"refresh, and other rows", [&](Grid& grid) { grid.refresh(), sort(grid); }, "a3 a2 a1 ", "a3 a2 a1 "},
+      {"other rows", sort, "a3 a2 a1 ", "a3 a2 a1 "},
+      {"new data", [](Grid& grid) { grid.data->notifier().dataChanged(0); }, "a1 a2 a3 ", "a1 a2 a3 "},
+      {"no data", [](Grid& grid) { grid.letGoOfData(); }, "a1 a2 a3 ", "a1 a2 a3 "},
   };
   for (const Row& row : table) {
-    for (const std::int32_t answer : {1, 2}) {
+    for (const std::int32_t answer : {1, 2, 3}) {
       SCOPED_TRACE(row.what + std::to_string(answer));
       Grid grid;
+      grid.setRows(3);
+      grid.focus.setRowPosition(2);
       openBox(grid);
+      grid.services.take();
       grid.services.answers[EventId::OnExit] = XValue::ofInt(answer);
       grid.services.inside[EventId::OnExit] = [&] { row.act(grid); };
       grid.focus.setRowPosition(3);
       EXPECT_FALSE(grid.editors.active());
-      EXPECT_EQ(grid.cellText(1, "a"), "a1");
-      EXPECT_EQ(RowNumber(grid.parts.focus.FocusRow), 1) << "the move ends";
+      std::string column;
+      for (std::int32_t number = 1; number <= grid.data->rowCount(); ++number) {
+        column += grid.cellText(number, "a") + ' ';
+      }
+      EXPECT_EQ(column, answer == 2 ? row.saved : row.dropped);
       EXPECT_NE(grid.window.focus, FakeWindow::Focus::Edit);
+      EXPECT_EQ(grid.services.take().find("OnSelChange "), std::string::npos) << "the move ends";
     }
+  }
+}
+
+// An edit that a listener begins is another one: the answer about the first must neither close nor write it.
+TEST(WhereTextsGo, AnAnswerCountsForItsOwnEditOnly) {
+  struct Row {
+    const char* what;
+    EventId event;
+    std::int32_t key;
+    std::int32_t answer;
+  };
+  const Row table[] = {
+      {"Enter", EventId::OnExit, key::enter, 2},     {"Escape", EventId::OnExit, key::escape, 2},
+      {"a move", EventId::OnExit, key::down, 2},     {"thrown away", EventId::OnExit, key::enter, 3},
+      {"kept", EventId::OnExit, key::enter, 1},      {"a popup", EventId::OnPopup, key::enter, 2},
+      {"the write", EventId::OnChar, key::enter, 2},
+  };
+  for (const Row& row : table) {
+    SCOPED_TRACE(row.what);
+    Grid grid;
+    grid.column("a").child.subType = EditKind::Popup;
+    openBox(grid);
+    const auto begin = [&grid] {
+      grid.refresh();
+      grid.column("a").child.subType = EditKind::Popup;
+      grid.editors.activateEdit();
+      grid.type(u"other");
+    };
+    if (row.event == EventId::OnChar) {
+      grid.whenWritten = begin;
+    } else {
+      grid.services.inside[row.event] = begin;
+    }
+    grid.services.answers[EventId::OnExit] = XValue::ofInt(row.answer);
+    grid.press(row.key);
+    EXPECT_TRUE(grid.editors.active());
+    EXPECT_EQ(grid.boxText(), "other");
+    EXPECT_EQ(grid.window.focus, FakeWindow::Focus::Edit);
+    EXPECT_EQ(grid.parts.focus.state, FocusState::Editor);
+    EXPECT_EQ(grid.focusText(), "1 a");
+    const bool saves = row.answer == 2 && row.key != key::escape;
+    EXPECT_EQ(grid.cellText(1, "a"), saves ? "new" : "a1");
   }
 }
 

@@ -1,5 +1,6 @@
 // Moves by key: what happens, and in which order.
 
+#include "tests/geometry/columns_of.h"
 #include "tests/interaction/interaction_fixture.h"
 
 namespace tessera::test {
@@ -155,6 +156,67 @@ TEST_F(ScrolledKeys, LeftWalksBackThroughAllOfThem) {
   EXPECT_EQ(way, "1 x; 1 w; 1 v; 1 f; ");
 }
 
+// On the lower line v reaches neither as far left nor as far right as the columns above it.
+TEST_F(ScrolledKeys, WithoutATargetHomeAndEndLeaveTheColumnsAlone) {
+  setColumns("a 0 60 0 20\nb 60 120 0 20\nc 120 180 0 20\nd 180 240 0 20\nv 70 150 20 40");
+  window.size = {120, 101};
+  refresh();
+  focus.setColumnPosition(u"v");
+  ASSERT_EQ(parts.metrics.CurrentLine, 1);
+  const std::int32_t stop = parts.page.ColumnStop;
+  ASSERT_EQ(stop, 2);
+  const std::string placed = headersOf(parts.config.columns);
+  for (const std::int32_t key : {key::home, key::end}) {
+    press(key);
+    EXPECT_EQ(focusText(), "1 v");
+    EXPECT_EQ(parts.page.ColumnStop, stop) << key;
+    EXPECT_EQ(headersOf(parts.config.columns), placed) << key;
+    EXPECT_EQ(parts.focus.FocusLeft, column("v").view.rect.left);
+  }
+}
+
+TEST_F(ScrolledKeys, ATabThatScrollsIsSeenHoweverItEnds) {
+  const auto tabFrom = [this](std::int32_t row) {
+    press(key::end);
+    EXPECT_GT(parts.page.ColumnStop, 1);
+    focus.setRowPosition(row);
+    focus.setColumnPosition(u"f");
+    services.repaints = 0;
+    std::int32_t tab = key::tab;
+    filter.translate(tab);
+    EXPECT_EQ(parts.page.ColumnStop, 1);
+    return services.repaints;
+  };
+  for (const char* id : {"v", "w", "x", "y"}) column(id).child.type = CellKind::None;
+  EXPECT_GT(tabFrom(10), 0) << "nothing to edit behind f";
+  column("y").child.type = CellKind::Edit;
+  press(key::home);
+  focus.setRowPosition(1);
+  press(key::enter);
+  services.answers[EventId::OnExit] = XValue::ofInt(1);
+  {
+    const GridFrame frame = parts.frame();
+    ColumnScroll{parts.config.columns, parts.page, parts.focus, frame}.StepRight();
+  }
+  services.repaints = 0;
+  std::int32_t tab = key::tab;
+  EXPECT_EQ(filter.translate(tab), KeyRoute::Done) << "the editor stays";
+  EXPECT_EQ(parts.page.ColumnStop, 1);
+  EXPECT_GT(services.repaints, 0);
+}
+
+// A rebuild that finds the focus column again finds its line, too.
+TEST_F(KeyMoves, TheLineOfAColumnThatIsKept) {
+  setColumns("a 0 60 0 20\nb 60 120 0 20\nc 0 60 20 40\nd 60 120 20 40");
+  setRows(10);
+  focus.setColumnPosition(u"c");
+  parts.focus.FocusColumnName = u"c";
+  refresh();
+  EXPECT_EQ(parts.metrics.CurrentLine, 1);
+  press(key::right);
+  EXPECT_EQ(focusText(), "1 d");
+}
+
 // --- Tab
 // -----------------------------------------------------------------------------------------------------
 
@@ -228,6 +290,13 @@ TEST_F(TabMoves, AKeptEditorSwallowsTheKey) {
   EXPECT_EQ(services.take(), "OnExit a 1 a1; OnKeyDown 255 0; ");
   EXPECT_EQ(focusText(), "1 a");
   EXPECT_EQ(window.focus, FakeWindow::Focus::Edit);
+}
+
+TEST_F(TabMoves, AGridThatIsDisabledMeanwhileTakesNoKey) {
+  services.inside[EventId::OnSelChanged] = [this] { parts.settings.Enable = false; };
+  std::int32_t tab = key::tab;
+  EXPECT_EQ(filter.translate(tab), KeyRoute::Done);
+  EXPECT_EQ(tab, key::tab);
 }
 
 TEST_F(TabMoves, AVetoOpensTheEditorWhereItWas) {

@@ -36,7 +36,7 @@ TEST_F(RowModeTest, PressesInTheIndicator) {
   };
   for (const Row& row : table) {
     SCOPED_TRACE(row.what);
-    EXPECT_TRUE(focus.pressRow(indicatorAt(row.row), row.modifiers));
+    EXPECT_TRUE(pressRow(indicatorAt(row.row), row.modifiers));
     EXPECT_EQ(focusText(), row.focus);
     EXPECT_EQ(flags(), row.flags);
   }
@@ -44,29 +44,29 @@ TEST_F(RowModeTest, PressesInTheIndicator) {
 }
 
 TEST_F(RowModeTest, ASelectionThatCouldBeDraggedStays) {
-  focus.pressRow(indicatorAt(1), {});
-  focus.pressRow(indicatorAt(2), withControl);
+  pressRow(indicatorAt(1), {});
+  pressRow(indicatorAt(2), withControl);
   parts.settings.DragDrop = drag_drop::rows;
-  focus.pressRow(indicatorAt(1), {});
+  pressRow(indicatorAt(1), {});
   EXPECT_EQ(focusText(), "rows 2 1");
-  focus.pressRow(indicatorAt(3), {});
+  pressRow(indicatorAt(3), {});
   EXPECT_EQ(focusText(), "rows 3");
-  focus.pressRow(indicatorAt(3), {});
+  pressRow(indicatorAt(3), {});
   EXPECT_EQ(focusText(), "rows 3");
 }
 
 TEST_F(RowModeTest, PressesInCells) {
-  focus.pressRow(indicatorAt(2), {});
-  focus.pressRow(indicatorAt(3), withControl);
-  EXPECT_TRUE(focus.pressRow(cellAt(70, 1), {}));
+  pressRow(indicatorAt(2), {});
+  pressRow(indicatorAt(3), withControl);
+  EXPECT_TRUE(pressRow(cellAt(70, 1), {}));
   EXPECT_EQ(focusText(), "1 b");
   EXPECT_EQ(flags(), "1");
-  EXPECT_TRUE(focus.pressRow(cellAt(10, 4), withShift));
+  EXPECT_TRUE(pressRow(cellAt(10, 4), withShift));
   EXPECT_EQ(focusText(), "4 a");
   EXPECT_EQ(flags(), "4");
-  EXPECT_FALSE(focus.pressRow({20, 10}, {})) << "the header";
+  EXPECT_FALSE(pressRow({20, 10}, {})) << "the header";
   setRows(2);
-  EXPECT_FALSE(focus.pressRow(cellAt(10, 3), {})) << "below the last row";
+  EXPECT_FALSE(pressRow(cellAt(10, 3), {})) << "below the last row";
 }
 
 TEST_F(RowModeTest, APressBetweenTheCellsKeepsTheColumn) {
@@ -74,13 +74,13 @@ TEST_F(RowModeTest, APressBetweenTheCellsKeepsTheColumn) {
   window.size = {250, 181};
   focus.setColumnPosition(u"c");
   const Point gap{16 + 100, 20 + 40 + 30};
-  EXPECT_TRUE(focus.pressRow(gap, {}));
+  EXPECT_TRUE(pressRow(gap, {}));
   EXPECT_EQ(focusText(), "2 c");
-  focus.pressRow({8, 30}, {});
+  pressRow({8, 30}, {});
   EXPECT_EQ(focusText(), "rows 1");
-  EXPECT_TRUE(focus.pressRow(gap, {}));
+  EXPECT_TRUE(pressRow(gap, {}));
   EXPECT_EQ(focusText(), "2 a") << "a cell with the focus needs a column";
-  EXPECT_TRUE(focus.pressRow({16 + 10, 20 + 40 + 30}, {}));
+  EXPECT_TRUE(pressRow({16 + 10, 20 + 40 + 30}, {}));
   EXPECT_EQ(focusText(), "2 d");
   EXPECT_EQ(parts.metrics.CurrentLine, 1);
 }
@@ -126,14 +126,14 @@ TEST_F(RowModeTest, Keys) {
 
 // At the ends several rows shrink to the first one, without the end's event.
 TEST_F(RowModeTest, SeveralRowsShrinkAtTheEnds) {
-  focus.pressRow(indicatorAt(3), {});
-  focus.pressRow(indicatorAt(1), withControl);
+  pressRow(indicatorAt(3), {});
+  pressRow(indicatorAt(1), withControl);
   press(key::up);
   EXPECT_EQ(services.take(), "OnSelChange  1; OnSelChanged  1; OnKeyDown 38 0; ");
   EXPECT_EQ(focusText(), "rows 1");
   EXPECT_EQ(flags(), "1");
-  focus.pressRow(indicatorAt(2), {});
-  focus.pressRow(indicatorAt(1), withControl);
+  pressRow(indicatorAt(2), {});
+  pressRow(indicatorAt(1), withControl);
   services.answers[EventId::OnSelChange] = XValue::ofBool(false);
   press(key::pageUp);
   EXPECT_EQ(services.take(), "OnSelChange  1; OnKeyDown 33 0; ");
@@ -176,7 +176,7 @@ TEST_F(Positions, Columns) {
   EXPECT_EQ(flags(), "1");
   focus.setColumnPosition(u"");
   EXPECT_EQ(services.take(), "");
-  focus.pressRow(indicatorAt(2), withControl);
+  pressRow(indicatorAt(2), withControl);
   focus.setColumnPosition(u"a");
   EXPECT_EQ(focusText(), "2 a") << "the head of the selection";
   EXPECT_EQ(flags(), "2");
@@ -248,6 +248,88 @@ TEST_F(FocusStateTest, OnlyComingAndGoingIsTold) {
   window.moveFocus(Elsewhere);
   EXPECT_EQ(services.take(), "OnExit a 1 a1; OnKillFocus; ");
   EXPECT_EQ(parts.focus.state, FocusState::Outside);
+}
+
+// A click into the open box, or into the list, after the focus has been on the grid's own window.
+TEST_F(FocusStateTest, BackIntoTheBoxOrTheList) {
+  press(key::enter);
+  window.moveFocus(FakeWindow::Focus::Grid);
+  services.take();
+  window.moveFocus(FakeWindow::Focus::Edit);
+  EXPECT_EQ(parts.focus.state, FocusState::Editor);
+  window.moveFocus(FakeWindow::Focus::Grid);
+  window.moveFocus(FakeWindow::Focus::List);
+  EXPECT_EQ(parts.focus.state, FocusState::List);
+  EXPECT_EQ(services.take(), "");
+}
+
+TEST_F(FocusStateTest, AListenerOfOnExitFetchesTheFocusBack) {
+  press(key::enter);
+  services.take();
+  services.inside[EventId::OnExit] = [this] { window.moveFocus(FakeWindow::Focus::Grid); };
+  window.moveFocus(FakeWindow::Focus::Elsewhere);
+  EXPECT_EQ(services.take(), "OnExit a 1 a1; OnSetFocus; ");
+  EXPECT_EQ(parts.focus.state, FocusState::Grid);
+}
+
+TEST_F(FocusStateTest, AWindowThatRefusesTheFocusLeavesTheControlWithoutIt) {
+  press(key::enter);
+  window.refusesFocus = true;
+  press(key::escape);
+  EXPECT_FALSE(editors.active());
+  EXPECT_EQ(parts.focus.state, FocusState::Outside);
+}
+
+// What a listener opens while it is asked about a move must not stand over the cell that is left.
+TEST_F(Positions, WhatOpensDuringTheQuestionEndsBeforeTheMove) {
+  struct Row {
+    const char* what;
+    std::function<void()> move;
+    const char* asked;
+    const char* moved;
+    const char* focus;
+  };
+  const Row table[] = {
+      {"key", [this] { press(key::down); }, "OnSelChange a 2; ", "OnSelChanged a 2; OnKeyDown 40 0; ", "2 a"},
+      {"row", [this] { focus.setRowPosition(5); }, "OnSelChange a 5; ", "OnSelChanged a 5; ", "5 a"},
+      {"column", [this] { focus.setColumnPosition(u"c"); }, "OnSelChange c 1; ", "OnSelChanged c 1; ", "1 c"},
+      {"row mode", [this] { focus.setColumnPosition(u""); }, "OnSelChange  1; ", "OnSelChanged  1; ",
+       "rows 1"},
+  };
+  const auto start = [this] {
+    focus.setColumnPosition(u"a");
+    focus.setRowPosition(1);
+    services.take();
+  };
+  for (const Row& row : table) {
+    SCOPED_TRACE(row.what);
+    start();
+    services.inside[EventId::OnSelChange] = [this] {
+      editors.activateEdit();
+      type(u"new");
+    };
+    row.move();
+    const std::string opened = "OnEnter a 1; OnChar; OnChar; OnChar; ";
+    EXPECT_EQ(services.take().substr(0, std::string(row.asked).size() + opened.size()), row.asked + opened);
+    EXPECT_EQ(focusText(), row.focus);
+    EXPECT_FALSE(editors.active());
+    EXPECT_EQ(cellText(1, "a"), "new");
+    start();
+    services.inside[EventId::OnSelChange] = [this] { editors.activateEdit(); };
+    services.answers[EventId::OnExit] = XValue::ofInt(1);
+    row.move();
+    EXPECT_EQ(focusText(), "1 a") << "an editor that stays keeps the focus";
+    EXPECT_TRUE(editors.active());
+    services.answers.clear();
+    press(key::escape);
+    column("a").child.type = CellKind::Combo;
+    start();
+    services.inside[EventId::OnSelChange] = [this] { EXPECT_TRUE(editors.list().open()); };
+    row.move();
+    EXPECT_EQ(services.take(), std::string(row.asked) + "OnDropDown a 1; OnCloseUp a 1; " + row.moved);
+    EXPECT_EQ(focusText(), row.focus);
+    column("a").child.type = CellKind::Edit;
+  }
 }
 
 TEST_F(FocusStateTest, AnEditorThatOpensAtOnceKeepsTheFocus) {

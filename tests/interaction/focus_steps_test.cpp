@@ -112,13 +112,17 @@ TEST(CellStepsTest, WrappingCanBeOff) {
   EXPECT_EQ(ground.nameOf(ground.steps().right(ground.cell("a 0 2"), false)), "b 0 2");
 }
 
-// A line that only a hidden column begins is passed over, and a column without a width is no cell: otherwise
-// the walks would stand still.
+// A line that no visible column meets is passed over, and a column without a width is no cell: otherwise the
+// walks would stand still.
 TEST(CellStepsTest, EmptyLinesAndColumns) {
   Ground ground("a 0 60 0 20\nflat 60 60 0 20\nb 60 120 0 20\nh 0 60 30 40 hidden\nlow 0 60 35 40");
-  expectSteps(ground, {{"a 0 1", "-", "b 0 1", "no row", "no cell"},
+  expectSteps(ground, {{"a 0 1", "-", "b 0 1", "no row", "low 2 1"},
                        {"b 0 1", "a 0 1", "low 2 1", "no row", "no cell"},
-                       {"low 2 1", "b 0 1", "a 0 2", "no cell", "a 0 2"}});
+                       {"low 2 1", "b 0 1", "a 0 2", "a 0 1", "a 0 2"},
+                       {"a 0 2", "low 2 1", "b 0 2", "low 2 1", "low 2 2"}});
+  Ground edges("top 0 60 0 5 hidden\na 0 60 5 20\nlast 0 60 30 40 hidden");
+  expectSteps(edges,
+              {{"a 1 1", "-", "a 1 2", "no row", "a 1 2"}, {"a 1 3", "a 1 2", "-", "a 1 2", "no row"}});
 }
 
 constexpr const char* fixedColumns = "f 0 60 0 20 fix\ng 60 120 0 20 fix\nx 120 180 0 20\ny 180 240 0 20";

@@ -104,6 +104,7 @@ XValue LiveServices::fire(EventId id, std::span<const XValue> arguments) {
 }
 
 HResult DataFollower::StructureChanged(std::int32_t, std::int32_t) {
+  test_.editors.forgetRows();
   test_.refresh();
   return S_OK;
 }
@@ -123,23 +124,28 @@ HResult DataFollower::CurrentRowChanged(std::int32_t, std::int32_t row) {
 }
 
 HResult DataFollower::RowsReset(std::int32_t) {
-  test_.editors.abandon();
+  test_.editors.forgetRows();
+  ++test_.services.generationNumber;
   test_.parts.focus.FocusRow = nullptr;
   test_.buildPage();
   return S_OK;
 }
 
 HResult DataFollower::RowInserted(std::int32_t, std::int32_t row) {
+  ++test_.parts.numbering;
   test_.parts.rows.setPlainCount(test_.parts.link.rowCount());
   test_.editors.rowInserted(row);
+  test_.editors.tryCommit(CommitMode::FocusLost);
   test_.parts.focus.FocusRow = test_.parts.rows.find(test_.parts.link.currentRow());
   return S_OK;
 }
 
 HResult DataFollower::RowDeleted(std::int32_t, std::int32_t row) {
   GridParts& parts = test_.parts;
+  ++parts.numbering;
   parts.rows.setPlainCount(parts.link.rowCount());
   test_.editors.rowDeleted(row);
+  test_.editors.tryCommit(CommitMode::FocusLost);
   std::erase_if(parts.page.VisibleRows, [&](const RowNode* node) { return !parts.rows.find(node->row); });
   parts.focus.SelectedRows.removeIf([&](const RowNode* node) { return !parts.rows.find(node->row); });
   parts.focus.FocusRow = parts.rows.find(parts.link.currentRow());
@@ -246,6 +252,13 @@ void GridTest::destroyWindow() {
   window.edit = nullptr;
   window.list = nullptr;
   window.focus = FakeWindow::Focus::Elsewhere;
+}
+
+bool GridTest::pressRow(Point at, Modifiers modifiers) {
+  const GridFrame frame = parts.frame();
+  const Hit hit = hitTest(frame, parts.config.columns, parts.page, parts.link, at.x, at.y);
+  focus.pressRow(hit, at, modifiers);
+  return hit.node != nullptr;
 }
 
 bool GridTest::press(std::int32_t key, Modifiers modifiers) {

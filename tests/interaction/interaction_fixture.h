@@ -22,16 +22,20 @@ class LiveWindow : public FakeWindow {
  public:
   std::unique_ptr<EditBox> createEditBox(EditBoxOwner& owner) override;
   std::unique_ptr<ListBox> createListBox(ListBoxOwner& owner) override;
-  void setFocus() override { moveFocus(Focus::Grid); }
+  void setFocus() override {
+    if (!refusesFocus) moveFocus(Focus::Grid);
+  }
   void moveFocus(Focus target);
 
   std::function<void()> gained;
   std::function<void()> lost;
+  bool refusesFocus = false;  // as a disabled window does
 };
 
 // Writes events down as "Name arguments; ", answers them, and runs what a test wants to happen inside them.
 class LiveServices : public GridServices {
  public:
+  void catchUp() override {}
   void Repaint(const Rect*) override { ++repaints; }
   void ReportError(ErrorCode) override {}
   XValue fire(EventId id, std::span<const XValue> arguments) override;
@@ -107,6 +111,8 @@ class GridTest : public ::testing::Test {
   // A key as the host's loop brings it: through the filter, then to whatever has the focus. False when the
   // host was left to do something with it first.
   bool press(std::int32_t key, Modifiers modifiers = {});
+  // What a press of the left button does with the row there; false when there is none.
+  bool pressRow(Point at, Modifiers modifiers);
   void type(const std::u16string& text);
 
   ColumnPosition position(std::string_view id);

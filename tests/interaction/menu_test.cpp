@@ -49,6 +49,17 @@ TEST_F(Menu, ShowsTheTreeAtTheScreenPoint) {
   EXPECT_EQ(window.menuPlace, (Point{107, 97}));
 }
 
+// An item says for itself whether it can be chosen, whatever has its code or lies around it.
+TEST_F(Menu, EachItemIsEnabledByItself) {
+  add(item(u"Off", 1));
+  add(item(u"On", 1));
+  add(item(u"Shut", 9, {item(u"Inner", 1), item(u"Other", 2)}));
+  parts.config.menu.head()->value().enabled = false;
+  parts.config.menu.tail()->value().enabled = false;
+  EXPECT_EQ(choose(0), "");
+  EXPECT_EQ(shape(window.menu), "!Off=1 On=1 !Shut=9(Inner=1 Other=2)");
+}
+
 TEST_F(Menu, TheChoiceComesWithItsText) {
   add(item(u"First", 3));
   add(item(u"Sub", 7, {item(u"&Inner", 7), item(u"Inner too", 7)}));

@@ -94,7 +94,10 @@ TEST_F(MouseFit, ScrollsHomeAndBackToTheFocus) {
     ASSERT_GT(scroll.StepRight(), 0);
   }
   setText(1, 1, 12);
+  parts.page.RowsDown(parts.rows, parts.frame().rowCapacity(), 3);
+  ASSERT_LT(parts.page.VisibleIndex(parts.focus.FocusRow), 0);
   fit();
+  EXPECT_EQ(parts.page.VisibleIndex(parts.focus.FocusRow), 0);
   EXPECT_EQ(column("c").view.rect.right - column("a").view.rect.left, 90 + 20 + 20);
   EXPECT_GT(parts.page.ColumnStop, 1);
   EXPECT_EQ(parts.focus.FocusLeft, column("c").view.rect.left);

@@ -1,81 +1,9 @@
-#include "interaction/mouse_controller.h"
-#include "mouse_fixture.h"
+#include "mouse_press_fixture.h"
 
 namespace tessera {
 namespace {
 
-// Writes its calls into the log of the events.
-class LoggedGestures : public MouseGestures {
- public:
-  explicit LoggedGestures(test::LiveServices& services) : services_(services) {}
-  bool canDrag(const Hit&, Point) override { return drags; }
-  bool tryDrag(const Hit&, Point) override { return note("drag", drags); }
-  void toggleNode(RowNode& node) override { note("toggle " + std::to_string(node.row), true); }
-  bool startBlock(Point from) override {
-    return note("block " + std::to_string(from.x) + ' ' + std::to_string(from.y), blocks);
-  }
-  void clearBlock() override { note("clear", true); }
-
-  bool drags = false;
-  bool blocks = false;
-  bool logs = false;
-
- private:
-  bool note(const std::string& text, bool answer) {
-    if (logs) services_.log += text + "; ";
-    return answer;
-  }
-
-  test::LiveServices& services_;
-};
-
-// The focus is on a in row 1. Row n lies from 20 n to 20 n + 20, a from 16 to 76, b to 136, c to 196.
-class MousePress : public test::MouseTest {
- protected:
-  MousePress() {
-    editors.windowCreated();
-    window.focus = test::FakeWindow::Focus::Grid;
-    parts.focus.state = FocusState::Grid;
-    data->rows[0].selected = 1;
-    column("b").child.type = CellKind::Edit;
-    column("b").index = 4;
-  }
-  ~MousePress() override { editors.windowDestroyed(); }
-
-  std::string press(std::int32_t x, std::int32_t y) {
-    mouse.leftDown({x, y});
-    return services.take();
-  }
-  std::string release(std::int32_t x, std::int32_t y) {
-    mouse.leftUp({x, y});
-    return services.take();
-  }
-  std::string twice(std::int32_t x, std::int32_t y) {
-    mouse.leftDown({x, y});
-    mouse.leftUp({x, y});
-    services.take();
-    mouse.leftDouble({x, y});
-    return services.take();
-  }
-  void openEditor() {
-    press(100, 30);
-    ASSERT_TRUE(editors.openEditor(false));
-    services.take();
-    services.repaints = 0;
-  }
-  std::string selected() const {
-    std::string text;
-    for (const FakeDataSet::Row& row : data->rows) text += row.selected != 0 ? '1' : '0';
-    return text;
-  }
-  std::string headers() const { return test::headersOf(parts.config.columns); }
-
-  test::LookupServices info;
-  EditorController editors{parts, services, info};
-  FocusController focusing{parts, services, editors};
-  LoggedGestures gestures{services};
-  MouseController mouse{parts, services, focusing, editors, gestures};
-};
+using test::MousePress;
 
 TEST_F(MousePress, EventsByPlace) {
   struct Case {
@@ -233,16 +161,44 @@ TEST_F(MousePress, ASortIsTakenBackByReleasingElsewhere) {
 
 TEST_F(MousePress, LosingTheFocusGivesTheCaptureBack) {
   press(100, 10);
-  mouse.focusLost();
+  mouse.endPress();
   EXPECT_FALSE(window.captured);
   EXPECT_EQ(column("b").header.borderStyle, border::raisedInner);
   release(100, 10);
   EXPECT_EQ(data->sorts, 0);
   press(76, 10);
-  mouse.focusLost();
+  mouse.endPress();
   EXPECT_FALSE(window.captured);
   mouse.move({90, 10});
   EXPECT_EQ(headers(), "a:16-76 b:76-136 c:136-196");
+}
+
+// A press whose release went to somebody else ends when the next one begins, and when the window goes.
+TEST_F(MousePress, APressWithoutARelease) {
+  press(100, 10);
+  press(150, 10);
+  EXPECT_EQ(column("b").header.borderStyle, border::raisedInner);
+  press(100, 50);
+  EXPECT_EQ(column("c").header.borderStyle, border::raisedInner);
+  EXPECT_FALSE(window.captured);
+  EXPECT_EQ(release(150, 10), "OnLButtonUp 2 -1 c 150 10; ");
+  EXPECT_EQ(data->sorts, 0);
+  press(76, 10);
+  press(100, 50);
+  mouse.move({90, 50});
+  EXPECT_EQ(headers(), "a:16-76 b:76-136 c:136-196");
+  parts.settings.DragDrop = drag_drop::block;
+  for (const Point header : {Point{76, 10}, Point{100, 10}}) {
+    press(header.x, header.y);
+    EXPECT_TRUE(window.captured);
+    EXPECT_EQ(parts.mouse.state, MouseState::Pressed);
+    mouse.windowDestroyed();
+    EXPECT_FALSE(window.captured);
+    EXPECT_EQ(parts.mouse.state, MouseState::Idle);
+    mouse.move({90, 10});
+    EXPECT_EQ(headers(), "a:16-76 b:76-136 c:136-196");
+    EXPECT_EQ(column("b").header.borderStyle, border::raisedInner);
+  }
 }
 
 TEST_F(MousePress, ADoubleClickEdits) {
@@ -325,6 +281,7 @@ TEST_F(MousePress, AMoveOfThreePixelsMayStartABlock) {
 
 TEST_F(MousePress, TheTreeBoxAfterTheSelection) {
   gestures.logs = true;
+  editors.setNodeTarget([this](RowNode& row) { services.log += "toggle " + std::to_string(row.row) + "; "; });
   parts.config.tree.rowMode = RowMode::Tree;
   column("a").hasTree = true;
   for (const std::int32_t row : {2, 5}) {
@@ -352,94 +309,6 @@ TEST_F(MousePress, TheCursorUnderThePointer) {
   parts.settings.DragDrop = drag_drop::rows;
   mouse.showCursor();
   EXPECT_EQ(window.cursor, Cursor::SizeAll);
-}
-
-// What a listener does to the grid while one of the events of a press runs.
-class MouseReentry : public MousePress {
- public:
-  void removeRows() {
-    data->rows.clear();
-    data->currentRow = 0;
-    parts.rows.buildPlain(0);
-    parts.page.VisibleRows.clear();
-    parts.focus.FocusRow = nullptr;
-    parts.focus.SelectedRows.clear();
-  }
-  void renewNodes() {
-    parts.rows.reset();
-    parts.rows.buildPlain(10);
-    const GridFrame frame = parts.frame();
-    parts.loader(frame).LoadVisibleRows(true);
-  }
-  void loseWindow() {
-    editors.windowDestroyed();
-    closeWindow();
-  }
-};
-
-TEST_F(MouseReentry, ThePressStillTellsItself) {
-  using Act = void (MouseReentry::*)();
-  struct Case {
-    EventId event;
-    Act act;
-    const char* log;
-  };
-  const std::string down = "OnLButtonDown 3 2 a 30 50; ";
-  for (const Case& row :
-       {Case{EventId::OnSelChange, &MouseReentry::rebuild, "OnSelChange a 2; "},
-        {EventId::OnSelChange, &MouseReentry::removeRows, "OnSelChange a 2; "},
-        {EventId::OnSelChange, &MouseReentry::loseWindow, "OnSelChange a 2; "},
-        {EventId::OnSelChange, &MouseReentry::renewNodes, "OnSelChange a 2; OnSelChanged a 2; "},
-        {EventId::OnSelChanged, &MouseReentry::rebuild, "OnSelChange a 2; OnSelChanged a 2; "},
-        {EventId::OnSelChanged, &MouseReentry::removeRows, "OnSelChange a 2; OnSelChanged a 2; "},
-        {EventId::OnSelChanged, &MouseReentry::loseWindow, "OnSelChange a 2; OnSelChanged a 2; "}}) {
-    services.inside.clear();
-    services.inside[row.event] = [this, act = row.act] { (this->*act)(); };
-    EXPECT_EQ(press(30, 50), row.log + down);
-    services.inside.clear();
-    if (!parts.window) {
-      parts.window = &window;
-      editors.windowCreated();
-    }
-    setRows(10);
-    parts.focus.FocusColumn = position("b");
-    EXPECT_EQ(press(100, 70), "OnSelChange b 3; OnSelChanged b 3; OnLButtonDown 3 3 b 100 70; ");
-    EXPECT_EQ(focus(), "3 b");
-    press(150, 30);
-  }
-}
-
-TEST_F(MouseReentry, WhileTheEditorCloses) {
-  using Act = void (MouseReentry::*)();
-  struct Case {
-    Act act;
-    const char* log;
-  };
-  for (const Case& row :
-       {Case{&MouseReentry::rebuild,
-             "OnExit b 1 1; OnSelChange a 2; OnSelChanged a 2; OnLButtonDown 3 2 a 30 50; "},
-        {&MouseReentry::removeRows, "OnExit b 1 1; OnLButtonDown 6 -1  30 50; "}}) {
-    setRows(10);
-    openEditor();
-    services.inside[EventId::OnExit] = [this, act = row.act] { (this->*act)(); };
-    EXPECT_EQ(press(30, 50), row.log);
-    EXPECT_FALSE(editors.active());
-  }
-  setRows(10);
-  openEditor();
-  services.inside[EventId::OnExit] = [this] { loseWindow(); };
-  EXPECT_EQ(press(30, 50).substr(0, 27), "OnExit b 1 1; OnLButtonDown");
-  EXPECT_EQ(press(30, 50), "");
-  EXPECT_EQ(release(30, 50), "");
-}
-
-TEST_F(MouseReentry, ASortThatRebuildsTheGrid) {
-  data->whenSorted = [this] { rebuild(); };
-  press(100, 10);
-  EXPECT_EQ(release(100, 10), "OnLButtonUp 2 -1 b 100 10; ");
-  EXPECT_FALSE(window.captured);
-  EXPECT_EQ(parts.mouse.sort.column, nullptr);
-  EXPECT_EQ(press(30, 50), "OnSelChange a 2; OnSelChanged a 2; OnLButtonDown 3 2 a 30 50; ");
 }
 
 }  // namespace

@@ -34,7 +34,9 @@ class ScrollMessages : public test::MouseTest {
     return std::to_string(position) + (std::exchange(services.repaints, 0) != none ? " painted" : "");
   }
 
-  ScrollController scroll{parts, services};
+  test::LookupServices info;
+  EditorController editors{parts, services, info};
+  ScrollController scroll{parts, services, editors};
 };
 
 TEST_F(ScrollMessages, RowsByLineAndPage) {

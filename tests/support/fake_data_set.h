@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -27,6 +28,7 @@ class FakeDataSet : public DataSetControl {
   std::vector<XString> columns;
   std::vector<Row> rows;
   std::int32_t currentRow = 1;
+  std::function<void(std::int32_t row)> whenFlagged;  // in the middle of SetRowSelected
 
   FakeDataSet() = default;
   // Rows of texts; an empty text is a value all the same.

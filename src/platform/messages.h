@@ -9,11 +9,11 @@
 namespace tessera {
 
 namespace message {
-inline constexpr std::uint32_t setFocus = 7, killFocus = 8, setCursor = 32, keyDown = 256, character = 258,
-                               systemKeyDown = 260, startComposition = 269, composition = 271, timer = 275,
-                               hscroll = 276, vscroll = 277, mouseMove = 512, leftDown = 513, leftUp = 514,
-                               leftDouble = 515, rightDown = 516, rightUp = 517, rightDouble = 518,
-                               wheel = 522;
+inline constexpr std::uint32_t setFocus = 7, killFocus = 8, setCursor = 32, keyDown = 256, keyUp = 257,
+                               character = 258, systemKeyDown = 260, startComposition = 269,
+                               composition = 271, timer = 275, hscroll = 276, vscroll = 277, mouseMove = 512,
+                               leftDown = 513, leftUp = 514, leftDouble = 515, rightDown = 516, rightUp = 517,
+                               rightDouble = 518, wheel = 522;
 }  // namespace message
 
 namespace scroll_code {
