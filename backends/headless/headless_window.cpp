@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/messages.h"
 #include "shared/scoped_flag.h"
 
 namespace tessera {

@@ -49,23 +49,27 @@ bool DropListController::open() {
   Content content;
   if (!fill(column, row, content) || !watch.holds()) return false;
   showCell(column);
-  target_ = {column.id, row, position, services_.generation(), std::move(content.codes)};
-  open_ = true;
-  parts_.editor.listClosing = false;
-  ListBox& list = *parts_.editor.list;
-  list.setFont(column.view.effectiveFont(parts_.eval));
-  list.place(placeFor(column, static_cast<std::int32_t>(content.items.size())));
-  list.setItems(std::move(content.items));
-  if (!list.hasFocus()) {
-    parts_.focus.state = FocusState::List;
-    list.show(true);
-    list.setFocus();
-  }
+  target_ = {column.id, row, position, services_.generation()};
+  show(column, std::move(content.items));
   if (!open_ || !parts_.editor.list) return false;
   parts_.editor.list->choose(content.chosen);
   const std::array arguments = {XValue::ofText(target_.colid), XValue::ofInt(row)};
   services_.fire(EventId::OnDropDown, arguments);
   return true;
+}
+
+// The focus may run the host, which may close the list again.
+void DropListController::show(const ColumnRecord& column, std::vector<XString> items) {
+  open_ = true;
+  parts_.editor.listClosing = false;
+  ListBox& list = *parts_.editor.list;
+  list.setFont(column.view.effectiveFont(parts_.eval));
+  list.place(placeFor(column, static_cast<std::int32_t>(items.size())));
+  list.setItems(std::move(items));
+  if (list.hasFocus()) return;
+  parts_.focus.state = FocusState::List;
+  list.show(true);
+  list.setFocus();
 }
 
 bool DropListController::fill(ColumnRecord& column, std::int32_t row, Content& content) {
@@ -97,7 +101,6 @@ DropListController::Content DropListController::comboContent(const ColumnRecord&
   Content content;
   for (const ComboItem& item : column.child.comboItems) {
     if (item.code == code) content.chosen = static_cast<std::int32_t>(content.items.size());
-    content.codes.push_back(item.code);
     formatText(column.view, item.text, parts_.eval, content.items.emplace_back());
   }
   if (content.chosen < 0 && !content.items.empty()) content.chosen = 0;
@@ -114,7 +117,6 @@ DropListController::Content DropListController::lookupContent(const ColumnRecord
   for (std::int32_t row = 1; row <= count; ++row) {
     dataSet->GetValueByName(row, column.child.lookupText, value);
     formatValue(column.view, value, parts_.eval, content.items.emplace_back());
-    dataSet->GetTextByName(row, column.child.lookupCode, content.codes.emplace_back());
   }
   std::int32_t found = 0;
   dataSet->FindRow(column.child.lookupCode, code, found);
@@ -187,9 +189,20 @@ void DropListController::rowsCut(std::int32_t count) {
 }
 
 bool DropListController::chosenCode(XString& code) const {
+  const ChildSpec& child = target_.column->value().child;
   const std::int32_t chosen = parts_.editor.list->chosen();
-  if (chosen < 0 || chosen >= std::ssize(target_.codes)) return false;
-  code = target_.codes[static_cast<std::size_t>(chosen)];
+  if (child.type == CellKind::Combo) {
+    if (chosen < 0 || chosen >= child.comboItems.count()) return false;
+    auto item = child.comboItems.begin();
+    std::advance(item, chosen);
+    code = item->code;
+    return true;
+  }
+  const auto dataSet = child.lookupDataset;
+  std::int32_t count = 0;
+  if (dataSet) dataSet->GetRowCount(count);
+  if (chosen < 0 || chosen >= count) return false;
+  dataSet->GetTextByName(chosen + 1, child.lookupCode, code);
   return true;
 }
 

@@ -47,11 +47,9 @@ class DropListController : public ListBoxOwner {
     std::int32_t row = 0;
     ColumnPosition column = nullptr;
     std::uint64_t generation = 0;
-    std::vector<XString> codes;  // of the items, as they were when the list opened
   };
   struct Content {
     std::vector<XString> items;
-    std::vector<XString> codes;
     std::int32_t chosen = -1;
   };
 
@@ -61,6 +59,7 @@ class DropListController : public ListBoxOwner {
   Content comboContent(const ColumnRecord& column, const XString& code) const;
   Content lookupContent(const ColumnRecord& column, const XString& code) const;
   void showCell(const ColumnRecord& column);
+  void show(const ColumnRecord& column, std::vector<XString> items);
   Rect placeFor(const ColumnRecord& column, std::int32_t itemCount) const;
   bool chosenCode(XString& code) const;
   void write(const XString& code);

@@ -21,13 +21,15 @@ class GridWatch {
         window_(parts.window),
         dataSet_(parts.link.dataSet()),
         numbering_(parts.numbering),
-        rowCount_(parts.link.rowCount()) {}
+        rowCount_(parts.rows.displayCount()) {}
 
-  bool holds() const { return isSameGrid() && parts_.link.rowCount() == rowCount_; }
+  bool holds() const { return rowsSince() == 0 && isSameGrid(); }
   // The same, but rows may have come at the end.
-  bool holdsRows() const { return isSameGrid() && parts_.link.rowCount() >= rowCount_; }
+  bool holdsRows() const { return rowsSince() >= 0 && isSameGrid(); }
 
  private:
+  // By the grid's own count: the data set's answer may bring news.
+  std::int64_t rowsSince() const { return std::int64_t{parts_.rows.displayCount()} - rowCount_; }
   bool isSameGrid() const {
     return services_.generation() == generation_ && parts_.window == window_ &&
            parts_.link.dataSet() == dataSet_ && parts_.numbering == numbering_;

@@ -115,16 +115,6 @@ TEST_F(Lists, WithoutAChoiceALookupStaysUp) {
   EXPECT_TRUE(writes.empty());
 }
 
-// What was picked counts, wherever it stands by now.
-TEST_F(Lists, ALookupThatChangesUnderItsListKeepsTheCodesOfTheItems) {
-  stand(u"c");
-  press(key::enter);
-  window.list->choice = 0;
-  codes->DeleteRow(1);
-  window.list->owner.listClicked();
-  EXPECT_EQ(cellText(1, "c"), "k");
-}
-
 TEST_F(Lists, Places) {
   struct Row {
     const char* what;
