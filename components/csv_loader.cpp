@@ -21,8 +21,26 @@ struct Survey {
   std::vector<std::string> names;
   std::vector<TypeGuess> guesses;
   std::int32_t records = 0;
-  char delimiter = ',';
+  CsvForm form;
 };
+
+// Keeps every name that is given; makes up the missing ones around them.
+std::vector<std::string> columnNames(const std::vector<std::string>& header) {
+  const std::unordered_set<std::string> given(header.begin(), header.end());
+  std::unordered_set<std::string> taken;
+  std::vector<std::string> names;
+  for (const std::string& cell : header) {
+    const std::string column = "COLUMN" + std::to_string(names.size() + 1);
+    std::string name = cell.empty() && !given.contains(column) ? column : cell;
+    const std::string stem = (name.empty() ? column : name) + "_";
+    for (int number = 2; name.empty() || taken.contains(name); ++number) {
+      name = stem + std::to_string(number);
+      if (given.contains(name)) name.clear();
+    }
+    names.push_back(*taken.insert(std::move(name)).first);
+  }
+  return names;
+}
 
 class CsvFile {
  public:
@@ -75,13 +93,10 @@ const FieldSpec* CsvFile::fieldOf(const std::string& name) const {
 }
 
 std::optional<LoadError> CsvFile::checkNames(const Survey& survey) const {
-  std::unordered_set<std::string> seen;
-  for (std::size_t i = 0; i < survey.names.size(); ++i) {
-    if (survey.names[i].empty()) return error(1, "column " + std::to_string(i + 1) + " has no name");
-    if (!seen.insert(survey.names[i]).second) return error(1, "two columns are named " + survey.names[i]);
+  for (const FieldSpec& field : fields_) {
+    if (std::find(survey.names.begin(), survey.names.end(), field.name) == survey.names.end())
+      return error(1, "there is no column " + field.name);
   }
-  for (const FieldSpec& field : fields_)
-    if (!seen.contains(field.name)) return error(1, "there is no column " + field.name);
   return std::nullopt;
 }
 
@@ -104,8 +119,11 @@ std::optional<LoadError> CsvFile::survey(Survey& survey) {
   if (auto fault = open(in)) return fault;
   CsvReader reader(in);
   if (!reader.readHeader()) return faultOf(reader);
-  survey.delimiter = reader.delimiter();
-  survey.names.assign(reader.fields().begin(), reader.fields().end());
+  survey.form = {.delimiter = reader.delimiter(),
+                 .byteOrderMark = reader.hasByteOrderMark(),
+                 .carriageReturns = reader.hasCarriageReturns(),
+                 .names = {reader.fields().begin(), reader.fields().end()}};
+  survey.names = columnNames(survey.form.names);
   if (auto fault = checkNames(survey)) return fault;
   for (const std::string& name : survey.names) {
     const FieldSpec* field = fieldOf(name);
@@ -153,7 +171,7 @@ Loaded<CsvRows> loadCsv(const std::string& path, std::span<const FieldSpec> fiel
   Survey survey;
   if (auto fault = file.survey(survey)) return *std::move(fault);
   CsvRows rows;
-  rows.delimiter = survey.delimiter;
+  rows.form = std::move(survey.form);
   if (auto fault = file.fill(survey, rows.store)) return *std::move(fault);
   return Loaded<CsvRows>(std::move(rows));
 }

@@ -67,7 +67,8 @@ bool CsvReader::refill() {
 }
 
 void CsvReader::skipMark() {
-  if (std::string_view(buffer_.data(), end_).starts_with(byteOrderMark)) position_ = byteOrderMark.size();
+  hasMark_ = std::string_view(buffer_.data(), end_).starts_with(byteOrderMark);
+  if (hasMark_) position_ = byteOrderMark.size();
 }
 
 void CsvReader::detectDelimiter() {
@@ -96,6 +97,7 @@ bool CsvReader::readHeader() {
   if (position_ == end_) return fail(1, "it is empty, without even a header line");
   detectDelimiter();
   if (!readRecord()) return false;
+  hasCarriageReturns_ = std::string_view(buffer_.data(), position_).ends_with("\r\n");
   width_ = fields_.size();
   return true;
 }

@@ -30,6 +30,9 @@ class CsvReader {
   // The line on which the present record starts, or that of the fault, from 1.
   std::int64_t line() const { return line_; }
   char delimiter() const { return delimiter_; }
+  // Of the start of the file and of the header line's end.
+  bool hasByteOrderMark() const { return hasMark_; }
+  bool hasCarriageReturns() const { return hasCarriageReturns_; }
   // Bytes that came from the stream so far.
   std::int64_t bytesRead() const { return bytesRead_; }
   // Empty: no fault.
@@ -54,6 +57,8 @@ class CsvReader {
   std::size_t end_ = 0;
   bool atEnd_ = false;  // the stream has nothing more
   char delimiter_ = ',';
+  bool hasMark_ = false;
+  bool hasCarriageReturns_ = false;
   bool stops_[256] = {};  // bytes that end the scan of a field without quotes
   std::vector<std::string_view> fields_;
   std::vector<std::size_t> doubled_;  // fields with doubled quotes

@@ -11,9 +11,11 @@ constexpr std::size_t blockSize = std::size_t{1} << 18;
 
 class CsvOutput {
  public:
-  CsvOutput(FileReplacement& file, char delimiter) : file_(file), delimiter_(delimiter) {
-    const char special[] = {delimiter, '"', '\n', '\r', '\0'};
+  CsvOutput(FileReplacement& file, const CsvForm& form)
+      : file_(file), delimiter_(form.delimiter), lineEnd_(form.carriageReturns ? "\r\n" : "\n") {
+    const char special[] = {form.delimiter, '"', '\n', '\r', '\0'};
     special_ = special;
+    if (form.byteOrderMark) block_ = "\xEF\xBB\xBF";
   }
   ~CsvOutput() { file_.write(block_); }
   CsvOutput(const CsvOutput&) = delete;
@@ -27,7 +29,7 @@ class CsvOutput {
   void endLine() {
     // A blank line would be no record to many readers.
     if (onlyEmpty_) block_ += "\"\"";
-    block_ += '\n';
+    block_ += lineEnd_;
     fields_ = 0;
     if (block_.size() < blockSize) return;
     file_.write(block_);
@@ -46,6 +48,7 @@ class CsvOutput {
 
   FileReplacement& file_;
   char delimiter_;
+  std::string_view lineEnd_;
   std::string special_;
   std::string block_;
   int fields_ = 0;
@@ -58,10 +61,16 @@ std::string_view cellText(const Column& column, std::int32_t record, NumberBuffe
                  : column.shown(record, buffer);
 }
 
+void writeHeader(const ColumnStore& store, const CsvForm& form, CsvOutput& out) {
+  const bool given = form.names.size() == static_cast<std::size_t>(store.columnCount());
+  for (std::int32_t c = 0; c < store.columnCount(); ++c) {
+    out.field(given ? form.names[static_cast<std::size_t>(c)] : store.column(c).format().name.toUtf8());
+  }
+  out.endLine();
+}
+
 void writeRows(const MemoryDataSet& rows, CsvOutput& out) {
   const ColumnStore& store = rows.store();
-  for (std::int32_t c = 0; c < store.columnCount(); ++c) out.field(store.column(c).format().name.toUtf8());
-  out.endLine();
   NumberBuffer buffer;
   for (std::int32_t row = 1; row <= rows.rowCount(); ++row) {
     const std::int32_t record = rows.entryAt(row);
@@ -74,17 +83,18 @@ void writeRows(const MemoryDataSet& rows, CsvOutput& out) {
 
 }  // namespace
 
-std::optional<LoadError> writeCsv(const MemoryDataSet& rows, const std::string& path, char delimiter) {
+std::optional<LoadError> writeCsv(const MemoryDataSet& rows, const std::string& path, const CsvForm& form) {
   FileReplacement file(path);
   {
-    CsvOutput out(file, delimiter);
+    CsvOutput out(file, form);
+    writeHeader(rows.store(), form, out);
     writeRows(rows, out);
   }
   return file.commit();
 }
 
-std::optional<LoadError> saveCsv(MemoryDataSet& rows, const std::string& path, char delimiter) {
-  auto fault = writeCsv(rows, path, delimiter);
+std::optional<LoadError> saveCsv(MemoryDataSet& rows, const std::string& path, const CsvForm& form) {
+  auto fault = writeCsv(rows, path, form);
   if (!fault) rows.acceptChanges();
   return fault;
 }

@@ -68,6 +68,8 @@ void MemoryDataSet::takeNewStore() {
   if (sortExpr_.empty() || !arrange())
     if (subtotals_.active()) subtotals_.build(store_, order_);
   rowNumbersChanged();
+  reordered_ = false;
+  baseIsAsLoaded_ = standsAsLoaded();
   current_ = order_.count() > 0 ? 1 : 0;
 }
 

@@ -62,6 +62,9 @@ class MemoryDataSet final : public DataSetControl {
 
   // Some row was inserted, deleted or written since the rows were loaded or accepted.
   bool isModified() const { return flags_.anyStatus(); }
+  // Rows changed places since they were loaded or accepted, other than by coming and going. Of the orders
+  // that they stood in then only that of loading is known again.
+  bool isReordered() const { return reordered_; }
   // What was changed is now what the source holds: every row is normal, deleted ones are gone.
   void acceptChanges();
 
@@ -142,6 +145,8 @@ class MemoryDataSet final : public DataSetControl {
   void takeNewStore();
   void readSubsum();
   bool arrange();
+  bool hasOrder(const std::vector<std::int32_t>& records) const;
+  bool standsAsLoaded() const;
   std::vector<SortKey> withGroupKeys(std::vector<SortKey> keys) const;
   void sortBetweenSummaries(std::vector<std::int32_t>& records, const std::vector<SortKey>& keys) const;
   Anchor anchorOfCurrent() const;
@@ -156,6 +161,8 @@ class MemoryDataSet final : public DataSetControl {
   XString sortExpr_;
   bool keepDeleted_ = false;
   bool closed_ = false;
+  bool reordered_ = false;
+  bool baseIsAsLoaded_ = true;       // the order when they were loaded or accepted is that of loading
   std::int32_t levelColumn_ = -1;    // from 0; -1: no such column
   std::vector<GroupKey> groupKeys_;  // of the subsum text, whoever makes the subtotal rows
   std::int32_t current_ = 0;         // from 1; 0: none

@@ -24,8 +24,19 @@ bool MemoryDataSet::arrange() {
     sortBetweenSummaries(records, *keys);
   else
     sortRecords(records, withGroupKeys(std::move(*keys)), store_);
+  const bool moved = !hasOrder(records);
   order_.assign(std::move(records));
+  if (moved) reordered_ = !baseIsAsLoaded_ || !standsAsLoaded();
   if (subtotals_.active()) subtotals_.build(store_, order_);
+  return true;
+}
+
+bool MemoryDataSet::hasOrder(const std::vector<std::int32_t>& records) const {
+  auto record = records.begin();
+  for (std::int32_t row = 0; row < order_.count(); ++row) {
+    const std::int32_t entry = order_.at(row);
+    if (entry >= 0 && entry != *record++) return false;
+  }
   return true;
 }
 
@@ -50,6 +61,16 @@ void MemoryDataSet::sortBetweenSummaries(std::vector<std::int32_t>& records,
     sortRecords({from, to}, keys, store_);
     from = to == records.end() ? to : to + 1;
   }
+}
+
+bool MemoryDataSet::standsAsLoaded() const {
+  std::int32_t last = -1;
+  for (std::int32_t row = 0; row < order_.count() && !order_.isIdentity(); ++row) {
+    const std::int32_t entry = order_.at(row);
+    if (entry >= 0 && entry < last) return false;
+    last = std::max(last, entry);
+  }
+  return true;
 }
 
 MemoryDataSet::Anchor MemoryDataSet::anchorOfCurrent() const {
@@ -163,6 +184,8 @@ void MemoryDataSet::removeRow(std::int32_t place) {
 }
 
 void MemoryDataSet::acceptChanges() {
+  reordered_ = false;
+  baseIsAsLoaded_ = standsAsLoaded();
   if (!isModified()) return;
   Anchor anchor = anchorOfCurrent();
   if (anchor.record >= 0 && flags_.status(anchor.record) == rowDeleted) anchor = {};

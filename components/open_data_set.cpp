@@ -15,9 +15,10 @@ namespace {
 // The rows with the rest of `opened` filled in.
 Loaded<ColumnStore> loadRows(const DataSource& source, OpenedDataSet& opened, const LoadProgress& progress) {
   if (source.database.empty()) {
+    opened.stamp = FileStamp::of(source.file);
     auto loaded = loadCsv(source.file, source.fields, progress);
     if (!loaded) return loaded.error();
-    opened.delimiter = loaded->delimiter;
+    opened.form = std::move(loaded->form);
     return Loaded<ColumnStore>(std::move(loaded->store));
   }
   auto loaded = source.table.empty()
@@ -42,6 +43,8 @@ std::string faultOf(const DataSetOptions& options, const ColumnStore& store) {
   return known ? std::string() : "the groups \"" + options.subsum + "\" name a column that does not exist";
 }
 
+bool isFile(const OpenedDataSet& opened) { return opened.source.database.empty(); }
+
 }  // namespace
 
 Loaded<OpenedDataSet> openDataSet(const DataSource& source, const DataSetOptions& options,
@@ -56,9 +59,19 @@ Loaded<OpenedDataSet> openDataSet(const DataSource& source, const DataSetOptions
   return Loaded<OpenedDataSet>(std::move(opened));
 }
 
+bool hasChanges(const OpenedDataSet& opened) {
+  return opened.rows->isModified() || (isFile(opened) && opened.rows->isReordered());
+}
+
+bool isStale(const OpenedDataSet& opened) {
+  return isFile(opened) && FileStamp::of(opened.source.file) != opened.stamp;
+}
+
 std::optional<LoadError> saveDataSet(OpenedDataSet& opened) {
-  return opened.source.database.empty() ? saveCsv(*opened.rows, opened.source.file, opened.delimiter)
-                                        : saveSqlite(*opened.rows, opened.origin);
+  if (!isFile(opened)) return saveSqlite(*opened.rows, opened.origin);
+  auto fault = saveCsv(*opened.rows, opened.source.file, opened.form);
+  if (!fault) opened.stamp = FileStamp::of(opened.source.file);
+  return fault;
 }
 
 }  // namespace tessera

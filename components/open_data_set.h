@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "components/csv_form.h"
+#include "components/file_stamp.h"
 #include "components/load_error.h"
 #include "components/load_progress.h"
 #include "components/memory_data_set.h"
@@ -26,9 +28,10 @@ struct DataSource {
 
 struct OpenedDataSet {
   std::shared_ptr<MemoryDataSet> rows;
-  DataSource source;
-  SqliteOrigin origin;   // of rows from a database
-  char delimiter = ',';  // of rows from a file
+  DataSource source = {};
+  SqliteOrigin origin = {};  // of rows from a database
+  CsvForm form = {};         // of rows from a file
+  FileStamp stamp = {};      // of that file, when it was read or written last
 };
 
 // Faults of the options count as faults of the source: a sort, level or subsum text that names an unknown
@@ -36,6 +39,10 @@ struct OpenedDataSet {
 Loaded<OpenedDataSet> openDataSet(const DataSource& source, const DataSetOptions& options = {},
                                   const LoadProgress& progress = {});
 
+// Saving would change what the source holds. A table has no order of rows, a file has.
+bool hasChanges(const OpenedDataSet& opened);
+// Somebody else wrote, or took away, the file that the rows came from; saving would undo that.
+bool isStale(const OpenedDataSet& opened);
 // Writes the changes back to where the rows came from.
 std::optional<LoadError> saveDataSet(OpenedDataSet& opened);
 

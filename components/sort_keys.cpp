@@ -13,6 +13,24 @@ std::u16string_view trimmed(std::u16string_view text) {
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
+struct NamedItem {
+  std::int32_t column = -1;  // -1: no start of the text names one
+  std::size_t length = 0;    // up to the comma behind it
+};
+
+// The longest start of `text` up to a comma, or to its end, that names a column.
+NamedItem longestName(std::u16string_view text, const ColumnStore& store) {
+  for (std::size_t end = text.size();;) {
+    const std::u16string_view name = text.substr(0, end);
+    std::int32_t column = store.find(name);
+    if (column < 0) column = store.find(trimmed(name));
+    if (column >= 0) return {column, end};
+    const std::size_t comma = end == 0 ? std::u16string_view::npos : text.rfind(u',', end - 1);
+    if (comma == std::u16string_view::npos) return {};
+    end = comma;
+  }
+}
+
 // A record with the piece of its order that is being sorted by.
 struct Entry {
   std::uint64_t key;
@@ -45,14 +63,14 @@ std::optional<std::vector<SortKey>> parseSortKeys(std::u16string_view text, cons
   std::vector<SortKey> keys;
   if (trimmed(text).empty()) return keys;
   for (std::size_t from = 0; from <= text.size();) {
-    const std::size_t comma = std::min(text.find(u',', from), text.size());
-    std::u16string_view item = trimmed(text.substr(from, comma - from));
-    const bool sign = !item.empty() && (item[0] == u'+' || item[0] == u'-');
-    const bool descending = sign && item[0] == u'-';
-    const std::int32_t column = store.find(trimmed(sign ? item.substr(1) : item));
-    if (column < 0) return std::nullopt;
-    keys.push_back({column, descending});
-    from = comma + 1;
+    from = std::min(text.find_first_not_of(blanks, from), text.size());
+    const bool sign = from < text.size() && (text[from] == u'+' || text[from] == u'-');
+    const bool descending = sign && text[from] == u'-';
+    if (sign) ++from;
+    const NamedItem item = longestName(text.substr(from), store);
+    if (item.column < 0) return std::nullopt;
+    keys.push_back({item.column, descending});
+    from += item.length + 1;
   }
   return keys;
 }

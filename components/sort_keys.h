@@ -18,8 +18,8 @@ struct SortKey {
   bool operator==(const SortKey&) const = default;
 };
 
-// "+COL,-COL"; a name without a sign sorts upwards, blanks around an item do not count. Nothing when an item
-// names no column.
+// "+COL,-COL"; a name without a sign sorts upwards, blanks around an item do not count. Where a name itself
+// has a comma the longest text that names a column counts. Nothing when an item names no column.
 std::optional<std::vector<SortKey>> parseSortKeys(std::u16string_view text, const ColumnStore& store);
 
 // Stable: records that no key tells apart keep their order.

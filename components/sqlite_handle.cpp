@@ -1,9 +1,14 @@
 #include "components/sqlite_handle.h"
 
+#include <utility>
+
 namespace tessera {
 namespace {
 
 constexpr int busyMilliseconds = 5000;
+constexpr int stepsBetweenQuestions = 100'000;  // of the database's machine
+
+int askToStop(void* goesOn) { return (*static_cast<std::function<bool()>*>(goesOn))() ? 0 : 1; }
 
 }  // namespace
 
@@ -25,6 +30,11 @@ SqliteStatement SqliteDatabase::prepare(const std::string& sql) {
   sqlite3_stmt* statement = nullptr;
   sqlite3_prepare_v2(handle_.get(), sql.c_str(), static_cast<int>(sql.size()), &statement, nullptr);
   return SqliteStatement(statement);
+}
+
+void SqliteDatabase::askWhileWorking(std::function<bool()> goesOn) {
+  goesOn_ = std::make_unique<std::function<bool()>>(std::move(goesOn));
+  sqlite3_progress_handler(handle_.get(), stepsBetweenQuestions, askToStop, goesOn_.get());
 }
 
 std::string quotedName(std::string_view name) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <sqlite3.h>
 #include <string>
@@ -19,12 +20,15 @@ class SqliteDatabase {
   bool open(const std::string& file, bool writable);
   bool run(const std::string& sql);
   SqliteStatement prepare(const std::string& sql);
+  // Asks every few milliseconds of a statement's work; false ends the statement with SQLITE_INTERRUPT.
+  void askWhileWorking(std::function<bool()> goesOn);
   std::string fault() const { return handle_ ? sqlite3_errmsg(handle_.get()) : "out of memory"; }
 
  private:
   struct Close {
     void operator()(sqlite3* handle) const { sqlite3_close(handle); }
   };
+  std::unique_ptr<std::function<bool()>> goesOn_;  // of a fixed address
   std::unique_ptr<sqlite3, Close> handle_;
 };
 

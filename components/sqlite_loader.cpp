@@ -57,9 +57,14 @@ class SqliteSource {
   using Fault = std::optional<LoadError>;
 
   LoadError error(std::string reason) const { return {file_, 0, what_ + std::move(reason)}; }
-  bool goesOn(std::int32_t record, std::int32_t total) const {
-    constexpr std::int32_t told = 0xFFF;
-    return !progress_ || (record & told) != 0 || progress_(record, total);
+  bool goesOn(std::int32_t record, std::int32_t total) {
+    constexpr std::int32_t step = 0xFFF;
+    if (!progress_ || (record & step) != 0) return true;
+    told_ = {record, total};
+    return progress_(record, total);
+  }
+  LoadError faultOf(int status) const {
+    return error(status == SQLITE_INTERRUPT ? cancelledReason : database_.fault());
   }
   Fault findKeys(const std::string& table, SqliteOrigin& origin);
   Fault prepare(const std::string& sql, std::size_t keyCount);
@@ -78,6 +83,7 @@ class SqliteSource {
   int visible_ = 0;
   std::vector<TypeGuess> guesses_;
   std::int32_t records_ = 0;
+  std::pair<std::int32_t, std::int32_t> told_;  // what the progress was told last: rows, and of how many
 };
 
 // A table without row numbers is known by its primary key; a view has nothing to be known by.
@@ -164,7 +170,8 @@ SqliteSource::Fault SqliteSource::survey() {
                    std::string(columnTypeName(format.type)));
     }
   }
-  if (status != SQLITE_DONE) return error(database_.fault());
+  if (status != SQLITE_DONE) return faultOf(status);
+  told_ = {0, records_};
   select_.reset();
   return std::nullopt;
 }
@@ -217,13 +224,15 @@ SqliteSource::Fault SqliteSource::fill(ColumnStore& store) {
     store.finishRecord();
     if (!goesOn(store.recordCount(), records_)) return error(cancelledReason);
   }
-  if (status != SQLITE_DONE) return error(database_.fault());
+  if (status != SQLITE_DONE) return faultOf(status);
   return std::nullopt;
 }
 
 Loaded<SqliteRows> SqliteSource::load(const std::string& table, const std::string& query) {
   what_ = table.empty() ? "query: " : "table " + table + ": ";
   if (!database_.open(file_, false)) return LoadError{file_, 0, database_.fault()};
+  // A query may work for long before its first row, and between two.
+  if (progress_) database_.askWhileWorking([this] { return progress_(told_.first, told_.second); });
   // Both readings see the same state.
   if (!database_.run("BEGIN")) return error(database_.fault());
   SqliteRows rows;

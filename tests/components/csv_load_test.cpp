@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <chrono>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <limits>
 #include <string>
@@ -101,8 +103,6 @@ struct FaultCase {
 TEST(CsvLoad, FaultsNameFileLineAndReason) {
   const FaultCase cases[] = {
       {"a,b\n1\n", {}, ":2: 1 field instead of 2"},
-      {"a,,c\n", {}, ":1: column 2 has no name"},
-      {"a,b,a\n", {}, ":1: two columns are named a"},
       {"a\n1\n", {{.name = "b"}}, ":1: there is no column b"},
       {"a\n1\nx\n", {{.name = "a", .type = columnInteger}}, ":3: \"x\" in column a is not an integer"},
       {"a\n2147483648\n",
@@ -117,6 +117,22 @@ TEST(CsvLoad, FaultsNameFileLineAndReason) {
     const auto loaded = loadCsv(path, c.fields);
     ASSERT_FALSE(loaded) << c.csv;
     EXPECT_EQ(loaded.error().message(), path + c.expected);
+  }
+}
+
+TEST(CsvLoad, ColumnsWithoutANameOfTheirOwnGetOne) {
+  const std::pair<const char*, const char*> rows[] = {
+      {"a,,c", "a COLUMN2 c"},           {"a,b,a,a", "a b a_2 a_3"},
+      {"a,a,a_2", "a a_3 a_2"},          {",COLUMN1,,COLUMN1", "COLUMN1_2 COLUMN1 COLUMN3 COLUMN1_3"},
+      {",,", "COLUMN1 COLUMN2 COLUMN3"}, {"n,N", "n N"},
+  };
+  for (const auto& [header, expected] : rows) {
+    const ColumnStore store = storeOf(std::string(header) + "\n");
+    std::string names;
+    for (std::int32_t c = 0; c < store.columnCount(); ++c) {
+      names += (c > 0 ? " " : "") + store.column(c).format().name.toUtf8();
+    }
+    EXPECT_EQ(names, expected) << header;
   }
 }
 
@@ -178,12 +194,17 @@ TEST(CsvWrite, RoundTripsByteForByte) {
       "a,b\n12345678901234.50,1\n0.25,2\n",
       "a\n123456789012.345000\n0.000001\n",
       "a,b\n",
+      "\xEF\xBB\xBF"
+      "a,b\r\n1,x\r\n2,\"two\nlines\"\r\n",
+      "\xEF\xBB\xBF"
+      "a\n1\n",
+      "a,,a\n1,2,3\n",
   };
   const TempFolder folder;
   for (const char* const csv : files) {
     auto opened = openDataSet({.file = folder.write("in.csv", csv)});
     ASSERT_TRUE(opened) << opened.error().message();
-    ASSERT_FALSE(writeCsv(*opened->rows, folder.file("out.csv"), opened->delimiter));
+    ASSERT_FALSE(writeCsv(*opened->rows, folder.file("out.csv"), opened->form));
     EXPECT_EQ(folder.read("out.csv"), csv);
   }
 }
@@ -202,6 +223,48 @@ TEST(CsvWrite, LeavesOutDeletedAndSubtotalRowsAndKeepsPreciseDecimals) {
   rows.SetValue(1, 2, XValue::ofDouble(0.125));
   ASSERT_FALSE(saveDataSet(*opened));
   EXPECT_EQ(folder.read("in.csv"), "k,d\na,0.125\nb,2.5\n");
+}
+
+// A file has an order of rows: whether saving would change it.
+TEST(CsvWrite, AnotherOrderIsAChange) {
+  const TempFolder folder;
+  const std::string path = folder.write("in.csv", "a,b\n1,x\n2,z\n3,y\n");
+  auto opened = openDataSet({.file = path});
+  MemoryDataSet& rows = *opened->rows;
+  const auto sort = [&](const char16_t* text) {
+    rows.SetSortExpr(text);
+    rows.ApplySort();
+    return hasChanges(*opened);
+  };
+  EXPECT_FALSE(sort(u"+a"));
+  EXPECT_TRUE(sort(u"-a"));
+  EXPECT_TRUE(sort(u"-a"));
+  EXPECT_FALSE(sort(u""));
+  EXPECT_TRUE(sort(u"-b"));
+  EXPECT_FALSE(rows.isModified());
+  ASSERT_FALSE(saveDataSet(*opened));
+  EXPECT_EQ(folder.read("in.csv"), "a,b\n2,z\n3,y\n1,x\n");
+  EXPECT_FALSE(hasChanges(*opened));
+  EXPECT_FALSE(sort(u"-b"));
+  EXPECT_TRUE(sort(u"")) << "the order of loading is no longer that of the file";
+  const auto sorted = openDataSet({.file = path}, {.sort = "+a"});
+  EXPECT_FALSE(hasChanges(*sorted)) << "the form's own order";
+}
+
+TEST(CsvWrite, TellsWhetherSomebodyElseWroteTheFile) {
+  const TempFolder folder;
+  const std::string path = folder.write("in.csv", "a\n1\n");
+  auto opened = openDataSet({.file = path});
+  EXPECT_FALSE(isStale(*opened));
+  folder.write("in.csv", "a\n1\n2\n");
+  EXPECT_TRUE(isStale(*opened));
+  ASSERT_FALSE(saveDataSet(*opened));
+  EXPECT_FALSE(isStale(*opened));
+  const auto later = std::filesystem::last_write_time(path) + std::chrono::seconds(2);
+  std::filesystem::last_write_time(path, later);
+  EXPECT_TRUE(isStale(*opened)) << "the same size at another time";
+  std::filesystem::remove(path);
+  EXPECT_TRUE(isStale(*opened));
 }
 
 TEST(CsvWrite, FailureLeavesTheOldFileAndNoOther) {

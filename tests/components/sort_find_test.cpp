@@ -93,6 +93,18 @@ TEST(Sort, AgreesWithAStableSortOfWholeCells) {
   }
 }
 
+TEST(Sort, NamesWithCommasSignsAndBlanks) {
+  const SortCase cases[] = {
+      {"+a,b", "2 3 1"}, {"-a,b,+id", "1 3 2"}, {"+c,-a,b", "1 3 2"},
+      {"++x", "1 3 2"},  {"- sp", "2 1 3"},     {"+c , - id", "3 1 2"},
+  };
+  for (const SortCase& c : cases) {
+    MemoryDataSet rows(storeOf("id,\"a,b\",+x, sp,c\n1,9,1,5,0\n2,7,3,6,4\n3,8,2,4,0\n"));
+    sortBy(rows, c.sort);
+    EXPECT_EQ(columnTexts(rows, 1), c.ids) << c.sort;
+  }
+}
+
 TEST(Sort, UnknownColumnChangesNothing) {
   for (const char* const sort : {"+nope", "+id,-nope", "+", "+id,,-n", ","}) {
     MemoryDataSet rows(storeOf("id,n\n2,1\n1,2\n"));

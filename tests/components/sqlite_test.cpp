@@ -101,7 +101,7 @@ TEST_F(Sqlite, TellsHowFarItIsAndStops) {
   std::vector<std::pair<std::int64_t, std::int64_t>> told;
   std::size_t most = 1000;
   const LoadProgress progress = [&](std::int64_t done, std::int64_t total) {
-    told.emplace_back(done, total);
+    if (told.empty() || told.back() != std::pair{done, total}) told.emplace_back(done, total);
     return told.size() < most;
   };
   const auto opened = openDataSet(source, {}, progress);
@@ -118,6 +118,23 @@ TEST_F(Sqlite, TellsHowFarItIsAndStops) {
     EXPECT_EQ(told.size(), calls);
     EXPECT_NE(stopped.error().message().find(cancelledReason), std::string::npos);
   }
+}
+
+// This one would count for hours before its first row.
+TEST_F(Sqlite, AQueryThatWorksWithoutRowsCanBeStopped) {
+  run("CREATE TABLE t (n INTEGER)");
+  const DataSource source{
+      .database = folder_.file("shop.sqlite"),
+      .query =
+          "WITH RECURSIVE c(n) AS (VALUES(1) UNION ALL SELECT n + 1 FROM c) SELECT n FROM c WHERE n < 0"};
+  int questions = 0;
+  const auto stopped = openDataSet(source, {}, [&](std::int64_t done, std::int64_t) {
+    EXPECT_EQ(done, 0);
+    return ++questions < 3;
+  });
+  ASSERT_FALSE(stopped);
+  EXPECT_EQ(questions, 3);
+  EXPECT_EQ(stopped.error().reason, std::string("query: ") + cancelledReason);
 }
 
 TEST_F(Sqlite, ExactRowCountsOfTableAndQuery) {

@@ -2,7 +2,6 @@
 
 import json
 import os
-import re
 import struct
 import subprocess
 import tempfile
@@ -82,8 +81,9 @@ class Display:
 class Viewer:
     """`tessera view FILE` on a display; its state file stands in for the eyes."""
 
-    def __init__(self, display, program, *arguments, expect_window=True):
+    def __init__(self, display, program, *arguments, expect_window=True, keep_picture=lambda: None):
         self.display = display
+        self.keep_picture = keep_picture
         self.folder = tempfile.TemporaryDirectory(prefix="tessera-state-")
         self.state_path = os.path.join(self.folder.name, "state.json")
         self.process = subprocess.Popen(
@@ -137,6 +137,7 @@ class Viewer:
         self.expect_window(title)
         window = self.display.windows(title)[-1]
         self.display.xdotool("windowfocus", "--sync", window)
+        self.keep_picture()
         return window
 
     def key(self, *names):
@@ -178,14 +179,13 @@ class Viewer:
         self.click(*self.cell(row, column))
         self.expect(row=row, column=column)
 
+    def expect_no_window(self, title):
+        self.wait(f"the window {title} is gone", lambda _: not self.display.windows(title))
+
     def stop(self):
         if self.process.poll() is None:
+            self.keep_picture()
             self.process.kill()
         self.process.wait()
         self.process.stderr.close()
         self.folder.cleanup()
-
-
-def plain(text):
-    """A text as a regular expression."""
-    return re.escape(text)

@@ -1,7 +1,10 @@
 #include "tools/view/grid_commands.h"
 
 #include <gtest/gtest.h>
+#include <string_view>
+#include <utility>
 
+#include "components/data_set_fixture.h"
 #include "view/view_fixture.h"
 
 namespace tessera {
@@ -54,7 +57,8 @@ TEST_F(Commands, PasteWhatTheCellTakes) {
       {"bike", 2, "first\nsecond", "BIKE", "first", true},
       {"bike", 3, "first\r\nsecond", "BIKE", "first", true},
       {"bike", 4, "a name of more than twenty letters", "BIKE", "a name of more than ", false},
-      {"bike", 5, "", "BIKE", "", true},
+      {"bike", 5, "", "BIKE", "Folding 20", false},
+      {"bike", 5, "\nsecond", "BIKE", "Folding 20", false},
       {"code", 1, "abcd", "CODE", "ABCD", true},
       {"price", 1, "1,234.50", "PRICE", "1234.50", false},
       {"price", 3, "dear", "PRICE", "312.40", false},
@@ -73,6 +77,65 @@ TEST_F(Commands, PasteWhatTheCellTakes) {
     EXPECT_EQ(said.isEmpty(), row.silent) << row.clipboard << ": " << said.toStdString();
     EXPECT_FALSE(open_.grid().parts().editor.active) << row.clipboard;
   }
+}
+
+// A CSV file in the form that is made up for it.
+class Plain : public ::testing::Test {
+ protected:
+  explicit Plain(std::string_view csv) : open_(folder_.write("plain.csv", csv)) {}
+  GridCommands commands() { return {open_.grid(), open_.rows()}; }
+
+  const testing::TempFolder folder_;
+  OpenGrid open_;
+};
+
+class Numbers : public Plain {
+ protected:
+  Numbers() : Plain("N,D,T\n7,1.50,x\n8,2.25,y\n") {}
+};
+
+TEST_F(Numbers, TakeWhatTheyCanHoldOrSayThatTheyCannot) {
+  struct Row {
+    const char* column;
+    const char* clipboard;
+    const char* stored;
+    bool silent;
+  };
+  const Row rows[] = {
+      {"N", "12", "12", true},      {"N", "99999999999", "7", false}, {"N", "twelve", "7", false},
+      {"N", "07", "7", true},       {"N", "-3", "-3", true},          {"D", "0.125", "0.12", false},
+      {"D", "1e5", "15.00", false}, {"D", "8", "8.00", true},         {"T", "<b>7</b>", "<b>7</b>", true},
+  };
+  for (const Row& row : rows) {
+    OpenGrid open(folder_.file("plain.csv"));
+    open.focus(1, row.column);
+    const QString said = GridCommands(open.grid(), open.rows()).paste(row.clipboard);
+    EXPECT_EQ(open.stored(1, row.column), row.stored) << row.clipboard;
+    EXPECT_EQ(said.isEmpty(), row.silent) << row.clipboard << ": " << said.toStdString();
+  }
+}
+
+class OddTexts : public Plain {
+ protected:
+  OddTexts() : Plain("\"a,b\",c\n\"two\nlines\",\"say \"\"no\"\"\"\n\"a\tb\",plain\n") {}
+};
+
+TEST_F(OddTexts, AreQuotedInCopiedRows) {
+  const std::pair<std::int32_t, const char*> rows[] = {{1, "\"two\nlines\"\t\"say \"\"no\"\"\"\n"},
+                                                       {2, "\"a\tb\"\tplain\n"}};
+  for (const auto& [row, expected] : rows) {
+    open_.focus(row, "c");
+    open_.grid().put_ColumnPosition(u"");
+    QString text;
+    commands().copy(text);
+    EXPECT_EQ(text.toStdString(), expected);
+  }
+}
+
+TEST_F(OddTexts, SortByAColumnWhoseNameHasAComma) {
+  open_.focus(1, "a,b");
+  EXPECT_EQ(commands().sort(GridCommands::Order::Ascending).toStdString(), "Sorted by a,b.");
+  EXPECT_EQ(open_.stored(1, "c"), "plain");
 }
 
 TEST_F(Commands, EditOnlyWhatMayBeEdited) {

@@ -1,9 +1,8 @@
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <string>
 
+#include "components/data_set_fixture.h"
+#include "components/sqlite_handle.h"
 #include "view/view_fixture.h"
 
 namespace tessera {
@@ -11,22 +10,42 @@ namespace {
 
 // A number that is cut at its left end would show another number.
 TEST(MadeUpForm, IsWideEnoughForRowsBeyondTheFirstPages) {
-  const auto folder = std::filesystem::temp_directory_path();
+  const testing::TempFolder folder;
   const auto widthOf = [&](const std::string& first, const std::string& last) {
-    std::string name = (folder / "tessera-XXXXXX.csv").string();
-    const int file = mkstemps(name.data(), 4);
-    EXPECT_GE(file, 0);
-    std::ofstream out(name);
-    out << "N\n" << first << '\n';
-    for (int row = 0; row < 5000; ++row) out << row % 10 << '\n';
-    out << last << '\n';
-    out.close();
+    std::string text = "N\n" + first + '\n';
+    for (int row = 0; row < 5000; ++row) text += std::to_string(row % 10) + '\n';
+    const std::string name = folder.write("rows.csv", text + last + '\n');
     const Rect rect = testing::OpenGrid(name).grid().parts().config.columns.begin()->view.rect;
-    std::filesystem::remove(name);
     return rect.width();
   };
   EXPECT_EQ(widthOf("1", "123456789"), widthOf("123456789", "1"));
   EXPECT_GT(widthOf("1", "123456789"), widthOf("1", "123456"));
+}
+
+// Names of databases and of tables may both have colons.
+TEST(MadeUpForm, OfATableWhoseNameHasAColon) {
+  const testing::TempFolder folder;
+  struct Row {
+    const char* file;
+    const char* name;
+    const char* column;  // tells which table it is
+  };
+  const Row rows[] = {
+      {"shop.db", "", "first"},        {"shop.db", ":a:b", "both"},  {"shop.db", ":b", "right"},
+      {"odd:name.db", ":a:b", "both"}, {"odd:name.db", "", "first"}, {"odd:name.db", ":b", "right"},
+  };
+  for (const char* const file : {"shop.db", "odd:name.db"}) {
+    SqliteDatabase database;
+    ASSERT_TRUE(database.open(folder.write(file, ""), true));
+    ASSERT_TRUE(database.run("CREATE TABLE a(first); CREATE TABLE \"a:b\"(both); CREATE TABLE b(right)"));
+  }
+  for (const Row& row : rows) {
+    const auto opened = openForm(folder.file(row.file) + row.name);
+    ASSERT_TRUE(opened) << row.name << opened.error().message();
+    XString column;
+    opened->components.dataSets.front().rows->GetColumnName(1, column);
+    EXPECT_EQ(column.toUtf8(), row.column) << row.file << row.name;
+  }
 }
 
 }  // namespace

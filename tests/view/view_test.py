@@ -26,8 +26,10 @@ Jena,111191,114.77
 class Bench:
     """What a scenario works with: a display, a folder, the program."""
 
-    def __init__(self, program, sources):
+    def __init__(self, program, sources, name):
         self.program = program
+        self.name = name
+        self.pictures = 0
         self.sources = sources
         self.folder = tempfile.TemporaryDirectory(prefix="tessera-view-")
         self.display = Display()
@@ -51,8 +53,14 @@ class Bench:
         return self.path(names[0])
 
     def view(self, *arguments, **options):
+        options["keep_picture"] = self.keep_picture
         self.viewers.append(Viewer(self.display, self.program, *arguments, **options))
         return self.viewers[-1]
+
+    def keep_picture(self):
+        """The screen at each turn of the scenario, for people to look at, beside the test's other output."""
+        self.pictures += 1
+        self.display.picture(f"view_{self.name}_{self.pictures:02}.png")
 
     def run(self, *arguments, **environment):
         base = {key: value for key, value in self.display.environment().items() if key != "DISPLAY"}
@@ -96,7 +104,9 @@ def csv(bench):
     viewer.expect(edit="Worms", keyboard="editor")
     viewer.key("End")
     viewer.type("!")
-    viewer.expect(edit="Worms!")
+    # The commands on rows are none while a text is being edited.
+    viewer.key("ctrl+Delete", "ctrl+i", "ctrl+shift+i")
+    viewer.expect(edit="Worms!", rows=6, keyboard="editor")
     viewer.key("Down")
     viewer.expect(row=3, column="NAME", text="Trier", keyboard="grid")
     for key, row, column in [("Right", 3, "PEOPLE"), ("End", 3, "AREA"), ("ctrl+Home", 1, "NAME"),
@@ -104,6 +114,13 @@ def csv(bench):
                              ("Page_Down", 6, "NAME"), ("Up", 5, "NAME")]:
         viewer.key(key)
         viewer.expect(row=row, column=column)
+    viewer.key("ctrl+f")
+    viewer.expect(keyboard="elsewhere", find="")
+    viewer.type("Zeitz")
+    viewer.key("ctrl+Delete", "ctrl+i", "ctrl+shift+i", "Return")
+    viewer.expect(rows=6, find='No cell has "Zeitz".')
+    viewer.key("Escape")
+    viewer.expect(keyboard="grid", find=None)
     viewer.key("ctrl+i")
     viewer.expect(rows=7, row=5, column="NAME", text="")
     viewer.type("Zeitz")
@@ -111,6 +128,14 @@ def csv(bench):
     viewer.type("26834")
     viewer.key("Return")
     viewer.expect(text="26834", row=5, column="PEOPLE")
+    viewer.type("9x99999999")
+    viewer.expect(edit="999999999")
+    viewer.type("9")
+    viewer.key("Return")
+    viewer.expect(text="26834", said="The data does not take this text: the cell stays as it was.")
+    viewer.type("12345678901")
+    viewer.key("Escape")
+    viewer.expect(text="26834", keyboard="grid", said="")
     viewer.click_cell(1, "NAME")
     viewer.key("ctrl+Delete")
     viewer.expect(rows=6, row=1, text="Worms!")
@@ -122,6 +147,11 @@ def csv(bench):
     bench.write("cities.csv", CITIES)
     viewer.key("F5")
     viewer.expect(row=1, column="NAME", text="Bonn", rows=6, keyboard="grid")
+    # Leaving does not lose in silence what cannot be kept.
+    viewer.click_cell(1, "PEOPLE")
+    viewer.type("12345678901")
+    viewer.key("ctrl+q")
+    viewer.expect(text="336465", said="The data does not take this text: the cell stays as it was.")
     viewer.key("ctrl+q")
     check(viewer.expect_end(), 0, "the exit code")
 
@@ -154,7 +184,7 @@ def sqlite(bench):
     viewer.focus_window("Not saved")
     check(table(), before, "the table after a refused save")
     viewer.key("Return")
-    viewer.wait("the box is gone", lambda _: not bench.display.windows("Not saved"))
+    viewer.expect_no_window("Not saved")
     viewer.focus_window(r"shop.sqlite:city\* - Tessera")
     viewer.click_cell(4, "name")
     viewer.type("Jena")
@@ -189,7 +219,7 @@ def cells(bench):
     # The second line of the list below the cell, by the mouse.
     x, y = viewer.cell(2, "state")
     viewer.click(x, y + 4)
-    viewer.wait("an item is chosen", lambda s: not s["list"] and s["text"] in ("Ordered", "Waiting"))
+    viewer.expect(list=False, text="Waiting")
     viewer.click_cell(3, "paid")
     state = viewer.expect(text="1")
     viewer.key("space")
@@ -256,7 +286,13 @@ def headers(bench):
     state = viewer.wait("the thumb scrolls while it is dragged", lambda s: 600 < s["top"] < 1400)
     viewer.release()
     check(state["row"], 1, "the focus row while scrolling")
+    # In the order of reading nothing is left to save.
     check(state["title"], "tall.csv - Tessera", "the title")
+    viewer.click(*viewer.header("NAME"))
+    viewer.expect(title="tall.csv* - Tessera")
+    viewer.key("ctrl+s")
+    viewer.expect(title="tall.csv - Tessera", said="Saved.")
+    check(bench.read("tall.csv").split("\n")[:3], ["NO,NAME", "2000,name 0", "1679,name 1"], "the start of the file")
 
 
 def find(bench):
@@ -293,7 +329,16 @@ def find(bench):
     viewer.wait("the bar tells how far it is", lambda s: " of 1000000." in (s["find"] or "").replace(",", ""))
     viewer.key("Escape")
     viewer.expect(searching=False, find="Stopped.")
-    viewer.key("ctrl+a")
+    # From the grid as well.
+    viewer.click_cell(2, "NAME")
+    viewer.expect(keyboard="grid")
+    viewer.key("F3")
+    viewer.expect(searching=True)
+    viewer.key("Escape")
+    viewer.expect(searching=False, find="Stopped.", keyboard="grid")
+    viewer.key("Escape")
+    viewer.expect(find=None, keyboard="grid")
+    viewer.key("ctrl+f", "ctrl+a")
     viewer.type("999999")
     viewer.key("Return")
     viewer.wait("the hit comes into view", lambda s: s["row"] == 982321 and 982200 < s["top"] <= 982321)
@@ -303,6 +348,8 @@ def clipboard(bench):
     """Copying a cell into another and into the find bar; what a cell does not take is not pasted."""
     viewer = bench.view(bench.write("cities.csv", CITIES))
     viewer.click_cell(2, "NAME")
+    viewer.key("ctrl+v")
+    viewer.expect(said="The clipboard has no text.", text="Mainz", title="cities.csv - Tessera")
     viewer.key("ctrl+c")
     viewer.expect(said="Copied.")
     viewer.click_cell(4, "NAME")
@@ -335,7 +382,7 @@ def leaving(bench):
             viewer.key(key)
             viewer.focus_window("Unsaved changes")
             viewer.key("Escape")
-            viewer.wait("the box is gone", lambda _: not bench.display.windows("Unsaved changes"))
+            viewer.expect_no_window("Unsaved changes")
             viewer.focus_window(r"cities.csv\* - Tessera")
             viewer.expect(rows=6, text="Kiel")
         viewer.key("ctrl+q")
@@ -343,12 +390,49 @@ def leaving(bench):
         check(bench.read("cities.csv"), CITIES, "the file before the answer")
         viewer.key({"Escape": "Escape", "Discard": "alt+d", "Save": "Return"}[way])
         if expected is None:
-            viewer.wait("the box is gone", lambda _: not bench.display.windows("Unsaved changes"))
+            viewer.expect_no_window("Unsaved changes")
             viewer.expect(title="cities.csv* - Tessera", text="Kiel")
             viewer.stop()
             continue
         check(viewer.expect_end(), 0, "the exit code")
         check(bench.read("cities.csv"), expected, "the file after " + way)
+
+
+def outside(bench):
+    """What another program wrote meanwhile is not written over unasked; the way of writing stays."""
+    path = bench.path("cities.csv")
+    ours = CITIES.replace("Bonn", "Kiel")
+
+    def write(text):
+        with open(path, "wb") as file:
+            file.write(b"\xef\xbb\xbf" + text.replace("\n", "\r\n").encode())
+
+    def read():
+        with open(path, "rb") as file:
+            return file.read()
+
+    write(CITIES)
+    viewer = bench.view(path)
+    viewer.type("Kiel")
+    viewer.key("Return")
+    viewer.expect(text="Kiel")
+    write(CITIES + "Köln,1087353,405.02\n")
+    theirs = read()
+    viewer.key("ctrl+s")
+    viewer.focus_window("Changed outside")
+    viewer.key("Return")
+    viewer.expect_no_window("Changed outside")
+    viewer.focus_window(r"cities.csv\* - Tessera")
+    check(read(), theirs, "the file after cancelling")
+    viewer.key("ctrl+s")
+    viewer.focus_window("Changed outside")
+    viewer.key("alt+o")
+    viewer.expect(said="Saved.", title="cities.csv - Tessera")
+    check(read(), b"\xef\xbb\xbf" + ours.replace("\n", "\r\n").encode(), "the file")
+    viewer.focus_window(r"cities.csv - Tessera")
+    viewer.type("Jena")
+    viewer.key("ctrl+s")
+    viewer.expect(said="Saved.", text="Jena", title="cities.csv - Tessera")
 
 
 def opening(bench):
@@ -362,7 +446,7 @@ def opening(bench):
     viewer.key("Return")
     viewer.focus_window("Not opened")
     viewer.key("Return")
-    viewer.wait("the box is gone", lambda _: not bench.display.windows("Not opened"))
+    viewer.expect_no_window("Not opened")
     viewer.focus_window("cities.csv - Tessera")
     viewer.expect(rows=6, title="cities.csv - Tessera")
     viewer.key("ctrl+p")
@@ -373,6 +457,22 @@ def opening(bench):
     viewer.wait("the picture is there", lambda s: s["said"].startswith("The picture is in"))
     with open(bench.path("grid.png"), "rb") as file:
         check(file.read(8), b"\x89PNG\r\n\x1a\n", "the start of the picture")
+    viewer.focus_window("cities.csv - Tessera")
+    # A picture that is there is replaced only after a question.
+    bench.write("grid.png", "old")
+    viewer.key("ctrl+p")
+    viewer.focus_window("Save as picture")
+    viewer.key("ctrl+a")
+    viewer.type(bench.path("grid"))
+    viewer.key("Return")
+    viewer.wait("there is a question", lambda _: len(bench.display.windows("Save as picture")) == 2)
+    viewer.focus_window("Save as picture")
+    viewer.key("Escape")
+    viewer.wait("the question is gone", lambda _: len(bench.display.windows("Save as picture")) == 1)
+    viewer.focus_window("Save as picture")
+    viewer.key("Escape")
+    viewer.expect_no_window("Save as picture")
+    check(bench.read("grid.png"), "old", "the picture that was there")
     viewer.focus_window("cities.csv - Tessera")
     viewer.key("ctrl+o")
     viewer.focus_window("Open")
@@ -397,8 +497,25 @@ def opening(bench):
     # Rows without end: only a person stops them.
     sqlite3.connect(bench.path("empty.sqlite")).execute("VACUUM").connection.close()
     bench.write("endless.xml", """<form><dataset id="d" database="empty.sqlite"
-      query="WITH RECURSIVE c(n) AS (VALUES(1) UNION ALL SELECT n + 1 FROM c LIMIT 2000000000) SELECT n FROM c"/>
+      query="WITH RECURSIVE c(n) AS (VALUES(1) UNION ALL SELECT n + 1 FROM c) SELECT n FROM c WHERE n &lt; 0"/>
       <grid id="g"><property name="DataID">d</property></grid></form>""")
+    # Nothing can be done to what is open while another file is read.
+    viewer = bench.view(bench.path("cities.csv"))
+    viewer.key("ctrl+o")
+    viewer.focus_window("Open")
+    viewer.type(bench.path("endless.xml"))
+    viewer.key("Return")
+    viewer.expect_no_window("Open")
+    viewer.focus_window("cities.csv - Tessera")
+    viewer.type("lost")
+    viewer.key("Return", "ctrl+Delete")
+    viewer.focus_window("Opening")
+    viewer.key("Escape")
+    viewer.expect(said="The reading was stopped.", title="cities.csv - Tessera", rows=6, text="Bonn")
+    viewer.focus_window("cities.csv - Tessera")
+    viewer.type("kept")
+    viewer.expect(edit="kept")
+    viewer.stop()
     viewer = bench.view(bench.path("endless.xml"), expect_window=False)
     viewer.focus_window("Opening")
     viewer.key("Escape")
@@ -430,12 +547,12 @@ def refusals(bench):
 
 
 SCENARIOS = {row.__name__: row for row in
-             [csv, sqlite, cells, headers, find, clipboard, leaving, opening, refusals]}
+             [csv, sqlite, cells, headers, find, clipboard, leaving, outside, opening, refusals]}
 
 
 def main():
     program, sources, name = sys.argv[1:]
-    bench = Bench(os.path.abspath(program), sources)
+    bench = Bench(os.path.abspath(program), sources, name)
     try:
         SCENARIOS[name](bench)
     except Failure as failure:

@@ -96,7 +96,10 @@ class ColumnWriter {
     place(width);
     const bool isNumber = type == columnInteger || type == columnLong || type == columnDecimal;
     attribute("align", isNumber ? "rightcenter" : "leftcenter");
-    text_ += "/><CHILD type=\"edit\"/></COLUMN>";
+    text_ += "/><CHILD";
+    attribute("type", "edit");
+    if (isNumber) attribute("inputtype", "numeric");
+    text_ += "/></COLUMN>";
     left_ += width;
   }
 

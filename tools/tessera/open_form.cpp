@@ -42,12 +42,22 @@ SourceKind kindOf(const std::string& path) {
   return begin == databaseMark ? SourceKind::Database : SourceKind::Form;
 }
 
+// Where the name of a database ends and that of its table begins. Both may have colons of their own: the
+// first one behind a file that is there counts, without any the last one.
+std::size_t colonBeforeTable(const std::string& path) {
+  std::error_code error;
+  for (std::size_t colon = path.find(':'); colon != std::string::npos; colon = path.find(':', colon + 1)) {
+    if (std::filesystem::is_regular_file(path.substr(0, colon), error)) return colon;
+  }
+  return path.rfind(':');
+}
+
 // The table behind "FILE:TABLE"; a file that has the whole name goes first.
 std::string splitTable(std::string& path) {
-  const std::size_t colon = path.rfind(':');
   std::error_code error;
-  if (colon == std::string::npos || std::filesystem::exists(path, error)) return {};
-  if (kindOf(path.substr(0, colon)) != SourceKind::Database) return {};
+  if (std::filesystem::exists(path, error)) return {};
+  const std::size_t colon = colonBeforeTable(path);
+  if (colon == std::string::npos || kindOf(path.substr(0, colon)) != SourceKind::Database) return {};
   std::string table = path.substr(colon + 1);
   path.resize(colon);
   return table;

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -25,11 +26,19 @@ class DataWatch : public DataSetNotifications {
   DataWatch(const DataWatch&) = delete;
   DataWatch& operator=(const DataWatch&) = delete;
 
+  // So far, in all data sets. A change that was asked for and did not come was no change, or was refused.
+  struct Counts {
+    std::int64_t asked = 0;
+    std::int64_t written = 0;  // cells
+  };
+  const Counts& counts() const { return counts_; }
+
   HResult SortReset() override { return note(); }
   HResult StructureChanged(std::int32_t) override { return note(); }
   HResult RowsAdded(std::int32_t) override { return note(); }
   HResult DataChanged(std::int32_t) override { return note(); }
   HResult CanChange(std::int32_t, VariantBool& allowed) override {
+    ++counts_.asked;
     allowed = VARIANT_TRUE;
     return S_OK;
   }
@@ -38,7 +47,10 @@ class DataWatch : public DataSetNotifications {
   HResult Reserved(std::int32_t) override { return S_OK; }
   HResult RowInserted(std::int32_t) override { return note(); }
   HResult RowDeleted(std::int32_t) override { return note(); }
-  HResult CellChanged(std::int32_t, std::int32_t) override { return note(); }
+  HResult CellChanged(std::int32_t, std::int32_t) override {
+    ++counts_.written;
+    return note();
+  }
   HResult SourceClosing(VariantBool) override { return note(); }
 
  private:
@@ -48,6 +60,7 @@ class DataWatch : public DataSetNotifications {
   }
 
   std::function<void()> changed_;
+  Counts counts_;
   std::vector<std::shared_ptr<MemoryDataSet>> watched_;
 };
 

@@ -43,6 +43,7 @@ FindBar::FindBar(QWidget* parent)
           [this] { find(true); });
   connect(addButton(*row, tr("Next"), tr("F3")), &QToolButton::clicked, this, [this] { find(false); });
   row->addWidget(matchCase_);
+  message_->setTextFormat(Qt::PlainText);
   // A long message gives way instead of making the window wider.
   message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   row->addWidget(message_, 1);
@@ -110,6 +111,18 @@ void FindBar::showHit() {
   say(text);
 }
 
+bool FindBar::giveWay() {
+  if (isSearching()) {
+    cancel();
+    say(tr("Stopped."));
+    return true;
+  }
+  if (isHidden()) return false;
+  hide();
+  Q_EMIT closed();
+  return true;
+}
+
 void FindBar::cancel() {
   timer_.stop();
   search_.reset();
@@ -126,12 +139,7 @@ void FindBar::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Enter:
       return find(event->modifiers().testFlag(Qt::ShiftModifier));
     case Qt::Key_Escape:
-      if (isSearching()) {
-        cancel();
-        return say(tr("Stopped."));
-      }
-      hide();
-      Q_EMIT closed();
+      giveWay();
       return;
     default:
       return QWidget::keyPressEvent(event);

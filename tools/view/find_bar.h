@@ -26,6 +26,8 @@ class FindBar : public QWidget {
   void open();
   // Shows the bar first when there is no text to look for.
   void find(bool backwards);
+  // Ends a running search, else closes the bar; false: there was neither.
+  bool giveWay();
 
   bool isSearching() const { return search_.has_value(); }
   QString message() const { return message_->text(); }

@@ -15,6 +15,13 @@ QString tr(const char* text) { return QCoreApplication::translate("GridCommands"
 
 bool isSecret(const ColumnRecord& column) { return (column.child.inputType & input_type::password) != 0; }
 
+// As spreadsheets take it from the clipboard.
+QString quotedCell(QString text) {
+  const bool isPlain = std::none_of(text.begin(), text.end(),
+                                    [](QChar c) { return c == '\t' || c == '\n' || c == '\r' || c == '"'; });
+  return isPlain ? text : '"' + text.replace('"', "\"\"") + '"';
+}
+
 QString noCell() { return tr("Choose a cell first."); }
 QString stillEditing() { return tr("The cell that is being edited does not take this text."); }
 
@@ -81,10 +88,17 @@ QString GridCommands::cellText(const ColumnRecord& column, std::int32_t row) con
   return toQString(text);
 }
 
+// In the focus row, as the data has it.
+QString GridCommands::storedText(const ColumnRecord& column) const {
+  XString text;
+  if (rows_) rows_->GetTextByName(focusRow(), column.refColumnId, text);
+  return toQString(text);
+}
+
 QString GridCommands::rowText(std::int32_t row) const {
   QStringList cells;
   for (const ColumnRecord& column : grid_.parts().config.columns) {
-    if (column.viewVisible && !isSecret(column)) cells << cellText(column, row);
+    if (column.viewVisible && !isSecret(column)) cells << quotedCell(cellText(column, row));
   }
   return cells.join('\t');
 }
@@ -101,6 +115,18 @@ QString GridCommands::copy(QString& text) {
   return tr("Copied %1 rows.").arg(rows.size());
 }
 
+// "07" is no other number than "7".
+bool GridCommands::isRefused(const QString& before, const QString& typed, const QString& after) {
+  if (after != before || typed == before) return false;
+  bool wasNumber = false;
+  bool isNumber = false;
+  const double was = before.toDouble(&wasNumber);
+  const double is = typed.toDouble(&isNumber);
+  return !wasNumber || !isNumber || was != is;
+}
+
+QString GridCommands::refusal() { return tr("The data does not take this text: the cell stays as it was."); }
+
 // By the way of the keyboard, so that what a cell refuses to be typed it also refuses to be pasted.
 QString GridCommands::paste(const QString& text) {
   const ColumnRecord* const column = focusColumn();
@@ -109,6 +135,8 @@ QString GridCommands::paste(const QString& text) {
       !isEditable(*column))
     return tr("This cell takes no text.");
   const QString line = text.section('\n', 0, 0).remove('\r');
+  if (line.isEmpty()) return tr("The clipboard has no text.");
+  const QString before = storedText(*column);
   grid_.ActivateEdit();
   const EditorModel& editor = grid_.parts().editor;
   if (!editor.active) return tr("This cell takes no text.");
@@ -118,11 +146,14 @@ QString GridCommands::paste(const QString& text) {
     editor.box->sendChar(character.unicode());
   }
   const QString taken = toQString(editor.box->text());
-  if (taken.isEmpty() && !line.isEmpty()) {
+  if (taken.isEmpty()) {
     grid_.controllers().editors.tryCommit(CommitMode::Escape);
     return tr("The cell takes nothing of this text.");
   }
   if (!finishEdit()) return stillEditing();
+  if (const ColumnRecord* const pasted = focusColumn();
+      pasted && isRefused(before, taken, storedText(*pasted)))
+    return refusal();
   return taken.compare(line, Qt::CaseInsensitive) == 0 ? QString()
                                                        : tr("The cell took \"%1\" of the text.").arg(taken);
 }
@@ -185,6 +216,7 @@ QString GridCommands::sort(Order order) {
     expression += column->refColumnId;
     said = (ascending ? tr("Sorted by %1.") : tr("Sorted by %1, backwards.")).arg(columnName(column->id));
   }
+  if (!parseSortKeys(expression.view(), rows_->store())) return tr("The data has no field to sort by here.");
   // The marks of an order that somebody else made go.
   rows_->notifier().sortReset();
   keepColumn([&] {

@@ -22,8 +22,12 @@ class GridCommands {
 
   // Opens the editor of the focus cell, or its list.
   QString editCell();
-  // The text of the focus cell, or the selected rows: cells divided by tabs, a row a line.
+  // The text of the focus cell, or the selected rows: cells divided by tabs, a row a line, with quotes around
+  // cells that have tabs, line ends or quotes of their own.
   QString copy(QString& text);
+  // An edit that left its cell as it was although another value was typed.
+  static bool isRefused(const QString& before, const QString& typed, const QString& after);
+  static QString refusal();
   // Types the first line of `text` into the focus cell in place of its content.
   QString paste(const QString& text);
 
@@ -46,6 +50,7 @@ class GridCommands {
   std::vector<std::int32_t> selectedRows() const;
   bool isEditable(const ColumnRecord& column) const;
   QString rowText(std::int32_t row) const;
+  QString storedText(const ColumnRecord& column) const;
   QString cellText(const ColumnRecord& column, std::int32_t row) const;
   QString insertAt(std::int32_t row);
 

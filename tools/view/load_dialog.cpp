@@ -1,6 +1,7 @@
 #include "tools/view/load_dialog.h"
 
 #include <QCoreApplication>
+#include <QLabel>
 
 namespace tessera {
 
@@ -9,8 +10,10 @@ constexpr int patience = 300;  // milliseconds
 }
 
 LoadDialog::LoadDialog(QWidget* parent, const QString& file)
-    : dialog_(QCoreApplication::translate("LoadDialog", "Reading %1").arg(file),
-              QCoreApplication::translate("LoadDialog", "Cancel"), 0, steps, parent) {
+    : dialog_(QString(), QCoreApplication::translate("LoadDialog", "Cancel"), 0, steps, parent) {
+  auto* const label = new QLabel(QCoreApplication::translate("LoadDialog", "Reading %1").arg(file));
+  label->setTextFormat(Qt::PlainText);
+  dialog_.setLabel(label);
   dialog_.setWindowTitle(QCoreApplication::translate("LoadDialog", "Opening"));
   dialog_.setWindowModality(Qt::ApplicationModal);
   dialog_.setMinimumDuration(patience);

@@ -9,7 +9,7 @@
 namespace tessera {
 
 // Appears when the reading takes longer than a person likes to wait without a sign. While it works the events
-// of the program run, but the other windows take no input.
+// of the program run; as long as it is not seen it keeps no input from the other windows.
 class LoadDialog {
  public:
   LoadDialog(QWidget* parent, const QString& file);

@@ -23,7 +23,7 @@ StatusLine::StatusLine(QWidget* parent)
 void StatusLine::say(const QString& text) {
   if (text == said_->text()) return;
   said_->setText(text);
-  said_->setToolTip(text);
+  said_->setToolTip(text.isEmpty() ? text : "<p>" + text.toHtmlEscaped() + "</p>");
   Q_EMIT changed();
 }
 
@@ -42,7 +42,7 @@ void StatusLine::forgetErrors() {
 void StatusLine::showErrors() {
   QStringList lines;
   for (const auto& [text, count] : errors_) {
-    lines << (count == 1 ? text : tr("%1 (%2 times)").arg(text).arg(count));
+    lines << (count == 1 ? text : tr("%1 (%2 times)").arg(text, QString::number(count)));
   }
   QMessageBox box(QMessageBox::Warning, tr("Errors"), lines.join('\n'), QMessageBox::Close, window());
   box.setTextFormat(Qt::PlainText);

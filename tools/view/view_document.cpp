@@ -20,13 +20,19 @@ std::shared_ptr<MemoryDataSet> ViewDocument::findDataSet(std::u16string_view id)
 
 bool ViewDocument::isModified() const {
   const auto& all = opened_.components.dataSets;
-  return std::any_of(all.begin(), all.end(),
-                     [](const OpenedDataSet& data) { return data.rows->isModified(); });
+  return std::any_of(all.begin(), all.end(), hasChanges);
+}
+
+std::string ViewDocument::staleFile() const {
+  for (const OpenedDataSet& data : opened_.components.dataSets) {
+    if (hasChanges(data) && isStale(data)) return std::filesystem::path(data.source.file).filename().string();
+  }
+  return {};
 }
 
 std::optional<LoadError> ViewDocument::save() {
   for (OpenedDataSet& data : opened_.components.dataSets) {
-    if (!data.rows->isModified()) continue;
+    if (!hasChanges(data)) continue;
     if (auto fault = saveDataSet(data)) return fault;
   }
   return std::nullopt;

@@ -28,6 +28,8 @@ class ViewDocument {
   std::shared_ptr<MemoryDataSet> findDataSet(std::u16string_view id) const;
 
   bool isModified() const;
+  // A file that somebody else wrote since it was read, and that save() would replace; empty: none.
+  std::string staleFile() const;
   // Writes every changed data set back, each as a whole or not at all. The first fault ends it: what was
   // written before it stays written and no longer counts as changed.
   std::optional<LoadError> save();

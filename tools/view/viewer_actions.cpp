@@ -6,12 +6,15 @@
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QMenuBar>
-#include <QMessageBox>
+#include <QSaveFile>
 #include <QToolBar>
+#include <algorithm>
 #include <array>
 
 #include "tools/view/key_help.h"
+#include "tools/view/message_box.h"
 #include "tools/view/viewer_window.h"
 #include "tools/view/wait_cursor.h"
 
@@ -75,10 +78,22 @@ void ViewerWindow::addAction(const ActionRow& row, QMenu& menu, QToolBar& bar) {
   bar.addAction(action);
 }
 
+// The commands on rows are the grid's: while a text is being edited their keys belong to that text.
+bool ViewerWindow::mayTakeShortcut(const QKeyEvent& event) {
+  const bool gridHasKeys =
+      widget_ && grid()->parts().focus.state == FocusState::Grid && !grid()->parts().editor.active;
+  if (gridHasKeys) return true;
+  const QKeySequence pressed(static_cast<int>(event.modifiers() & ~Qt::KeypadModifier) | event.key());
+  const auto rows = actionRows();
+  return std::none_of(rows.begin(), rows.end(), [&](const ActionRow& row) {
+    return row.menu == MenuId::Rows && *row.keys != 0 && QKeySequence(row.keys) == pressed;
+  });
+}
+
 void ViewerWindow::openAsked(const std::string& name) {
   const OpenResult result = open(name);
   if (result.fault) {
-    QMessageBox::critical(this, tr("Not opened"), QString::fromStdString(result.fault->message()));
+    tellFault(this, tr("Not opened"), QString::fromStdString(result.fault->message()));
   } else if (!result.opened) {
     status_->say(tr("The reading was stopped."));
   }
@@ -115,11 +130,15 @@ void ViewerWindow::save() {
 
 void ViewerWindow::savePicture() {
   const QString name = QFileInfo(QString::fromStdString(document_->name())).completeBaseName() + ".png";
-  QString file = QFileDialog::getSaveFileName(this, tr("Save as picture"), name, tr("Pictures (*.png)"));
-  if (file.isEmpty()) return;
-  if (QFileInfo(file).suffix().isEmpty()) file += ".png";
-  if (widget_->grab().save(file, "PNG")) return status_->say(tr("The picture is in %1.").arg(file));
-  QMessageBox::critical(this, tr("Not saved"), tr("%1 cannot be written.").arg(file));
+  QFileDialog dialog(this, tr("Save as picture"), {}, tr("Pictures (*.png)"));
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix("png");  // before the dialog asks whether to replace a file
+  dialog.selectFile(name);
+  if (dialog.exec() != QDialog::Accepted) return;
+  QSaveFile file(dialog.selectedFiles().value(0));
+  const bool written = file.open(QIODevice::WriteOnly) && widget_->grab().save(&file, "PNG") && file.commit();
+  if (written) return status_->say(tr("The picture is in %1.").arg(file.fileName()));
+  tellFault(this, tr("Not saved"), tr("%1 cannot be written.").arg(file.fileName()));
 }
 
 void ViewerWindow::editCell() { status_->say(commands().editCell()); }

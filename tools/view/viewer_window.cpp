@@ -4,18 +4,18 @@
 #include <QGuiApplication>
 #include <QLocale>
 #include <QMenuBar>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QScreen>
 #include <QShowEvent>
 #include <QToolBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "backends/qt/qt_text.h"
 #include "shared/utf.h"
 #include "tools/tessera/form_property_bag.h"
 #include "tools/view/load_dialog.h"
+#include "tools/view/message_box.h"
 #include "tools/view/wait_cursor.h"
 
 namespace tessera {
@@ -34,6 +34,28 @@ QLabel* emptyPage() {
 }
 
 }  // namespace
+
+// While it lives a person can do nothing to what is open.
+class ViewerWindow::InputStop {
+ public:
+  explicit InputStop(ViewerWindow& window)
+      : window_(window), wasFinding_(window.find_->isAncestorOf(window.focusWidget())) {
+    window.isReading_ = true;
+    window.setEnabled(false);
+  }
+  ~InputStop() {
+    window_.setEnabled(true);
+    window_.isReading_ = false;
+    if (window_.widget_ && !wasFinding_) window_.widget_->focusGrid();
+    if (wasFinding_) window_.find_->open();
+  }
+  InputStop(const InputStop&) = delete;
+  InputStop& operator=(const InputStop&) = delete;
+
+ private:
+  ViewerWindow& window_;
+  bool wasFinding_;  // the find bar had the keyboard
+};
 
 ViewerWindow::ViewerWindow() : empty_(emptyPage()), find_(new FindBar), status_(new StatusLine) {
   auto* const page = new QWidget;
@@ -64,12 +86,19 @@ GridCommands ViewerWindow::commands() {
 }
 
 ViewerWindow::OpenResult ViewerWindow::open(const std::string& name) {
-  const QString file = fromUtf8(name).section('/', -1);
-  auto dialog = std::make_unique<LoadDialog>(this, file);
-  auto opened = openForm(name, dialog->progress());
-  const bool stopped = dialog->wasCancelled();
-  dialog.reset();
-  if (!opened) return stopped ? OpenResult{} : OpenResult{.fault = opened.error()};
+  if (isReading_) return {};
+  const bool wasModified = document_ && document_->isModified();
+  std::optional<Loaded<OpenedForm>> loaded;
+  {
+    const InputStop noInput(*this);
+    LoadDialog dialog(this, fromUtf8(name).section('/', -1));
+    loaded = openForm(name, dialog.progress());
+    if (!*loaded && dialog.wasCancelled()) return {};
+  }
+  Loaded<OpenedForm>& opened = *loaded;
+  if (!opened) return {.fault = opened.error()};
+  // Whoever asked before the reading knows nothing of a change that came during it.
+  if (!wasModified && !mayDropChanges()) return {};
   showDocument(std::make_unique<ViewDocument>(name, std::move(*opened)));
   return {.opened = true};
 }
@@ -131,6 +160,8 @@ void ViewerWindow::listenToGrid() {
   // What was said is over when the person goes on.
   connect(widget_, &Grid::selChange, this, [this] { status_->say({}); });
   connect(widget_, &Grid::enter, this, [this] { status_->say({}); });
+  connect(widget_, &Grid::exit, this,
+          [this](const QString&, int, const QString& before) { noteTyped(before); });
 }
 
 // The window becomes as large as gives the grid the client area that its form says, within the screen. Before
@@ -178,14 +209,48 @@ void ViewerWindow::showEvent(QShowEvent* event) {
   });
 }
 
+void ViewerWindow::noteTyped(const QString& before) {
+  if (!watch_) return;
+  typed_ = {before, toQString(grid()->parts().editor.box->text()), watch_->counts()};
+  noteChange();
+}
+
+// Who typed what the data cannot hold would else see it vanish.
+bool ViewerWindow::tellRefusal() {
+  const auto typed = std::exchange(typed_, std::nullopt);
+  if (!typed || !watch_ || watch_->counts().asked == typed->counts.asked) return false;
+  if (watch_->counts().written != typed->counts.written) return false;
+  if (!GridCommands::isRefused(typed->before, typed->text, typed->before)) return false;
+  status_->say(GridCommands::refusal());
+  return true;
+}
+
+// Keys that nobody below claimed pass here before any shortcut has them.
+bool ViewerWindow::event(QEvent* event) {
+  if (event->type() == QEvent::ShortcutOverride) {
+    if (!mayTakeShortcut(static_cast<QKeyEvent&>(*event))) {
+      event->accept();
+      return true;
+    }
+  }
+  return QMainWindow::event(event);
+}
+
+// What neither the grid nor its editor had a use for.
+void ViewerWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && find_->giveWay()) return;
+  QMainWindow::keyPressEvent(event);
+}
+
 void ViewerWindow::showState() {
+  tellRefusal();
   for (QAction* const action : gridActions_) action->setEnabled(widget_ != nullptr);
   if (!widget_) {
     setWindowTitle(tr("Tessera"));
     setWindowModified(false);
     return status_->showPlace({});
   }
-  setWindowTitle(tr("%1[*] - Tessera").arg(fromUtf8(document_->shortName())));
+  setWindowTitle(tr("%1[*] - Tessera").arg(fromUtf8(document_->shortName()).replace("[*]", "[*][*]")));
   setWindowModified(document_->isModified());
   const QLocale numbers;
   const std::int32_t rows = grid()->parts().link.rowCount();
@@ -203,6 +268,7 @@ bool ViewerWindow::saveAll() {
     status_->say(tr("Not saved: the cell that is being edited stays open."));
     return false;
   }
+  if (!mayReplaceFile()) return false;
   std::optional<LoadError> fault;
   commands().keepColumn([&] {
     const WaitCursor wait;
@@ -210,27 +276,38 @@ bool ViewerWindow::saveAll() {
   });
   noteChange();
   if (!fault) return true;
-  QMessageBox::critical(this, tr("Not saved"), fromUtf8(fault->message()));
+  tellFault(this, tr("Not saved"), fromUtf8(fault->message()));
   return false;
+}
+
+bool ViewerWindow::mayReplaceFile() {
+  const QString file = fromUtf8(document_->staleFile());
+  if (file.isEmpty()) return true;
+  const QString text =
+      tr("%1 was changed by another program since it was read. Saving takes these changes away.").arg(file);
+  enum Answer { Overwrite, Cancel };
+  const int answer = ask(
+      this, tr("Changed outside"), text,
+      {{tr("&Overwrite"), QMessageBox::DestructiveRole}, {tr("&Cancel"), QMessageBox::RejectRole}}, Cancel);
+  return answer == Overwrite;
 }
 
 bool ViewerWindow::mayDropChanges() {
   if (!widget_) return true;
   const bool ended = commands().finishEdit();
+  if (tellRefusal()) return false;
   if (ended && !document_->isModified()) return true;
-  QMessageBox question(QMessageBox::Question, tr("Unsaved changes"),
-                       tr("%1 has changes that are not saved.").arg(fromUtf8(document_->shortName())),
-                       QMessageBox::NoButton, this);
-  const QAbstractButton* const save = question.addButton(tr("&Save"), QMessageBox::AcceptRole);
-  const QAbstractButton* const discard = question.addButton(tr("&Discard"), QMessageBox::DestructiveRole);
-  question.setEscapeButton(question.addButton(tr("&Cancel"), QMessageBox::RejectRole));
-  question.exec();
-  if (question.clickedButton() == save) return saveAll();
-  return question.clickedButton() == discard;
+  enum Answer { Save, Discard, Cancel };
+  const int answer = ask(this, tr("Unsaved changes"),
+                         tr("%1 has changes that are not saved.").arg(fromUtf8(document_->shortName())),
+                         {{tr("&Save"), QMessageBox::AcceptRole},
+                          {tr("&Discard"), QMessageBox::DestructiveRole},
+                          {tr("&Cancel"), QMessageBox::RejectRole}});
+  return answer == Save ? saveAll() : answer == Discard;
 }
 
 void ViewerWindow::closeEvent(QCloseEvent* event) {
-  if (!mayDropChanges()) return event->ignore();
+  if (isReading_ || !mayDropChanges()) return event->ignore();
   event->accept();
 }
 

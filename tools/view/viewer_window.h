@@ -3,7 +3,6 @@
 #pragma once
 
 #include <QMainWindow>
-#include <QPointer>
 #include <QTimer>
 #include <memory>
 #include <optional>
@@ -41,11 +40,6 @@ class ViewerWindow : public QMainWindow {
   const StatusLine& statusLine() const { return *status_; }
   const FindBar& findBar() const { return *find_; }
 
- protected:
-  void closeEvent(QCloseEvent* event) override;
-  void showEvent(QShowEvent* event) override;
-
- private:
   enum class MenuId { File, Edit, Rows, Help };
   struct ActionRow {
     MenuId menu;
@@ -56,6 +50,23 @@ class ViewerWindow : public QMainWindow {
     void (ViewerWindow::*run)();
   };
   static std::span<const ActionRow> actionRows();
+
+ protected:
+  bool event(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  class InputStop;
+
+  // What was typed into a cell when its editor closed.
+  struct Typed {
+    QString before;
+    QString text;
+    DataWatch::Counts counts;  // before that
+  };
+
   void makeActions();
   void addAction(const ActionRow& row, QMenu& menu, QToolBar& bar);
 
@@ -78,6 +89,11 @@ class ViewerWindow : public QMainWindow {
   void fitColumns();
   void showKeys();
 
+  bool mayTakeShortcut(const QKeyEvent& event);
+  void noteTyped(const QString& before);
+  // True: the last edit left its cell as it was, and the person was told.
+  bool tellRefusal();
+
   void openAsked(const std::string& name);
   void showDocument(std::unique_ptr<ViewDocument> document);
   void fillPage();
@@ -90,6 +106,7 @@ class ViewerWindow : public QMainWindow {
   // False when what is open must stay: a save failed, or the person changed their mind.
   bool mayDropChanges();
   bool saveAll();
+  bool mayReplaceFile();
 
   // Once the present input is dealt with.
   void noteChange() { update_.start(); }
@@ -104,6 +121,8 @@ class ViewerWindow : public QMainWindow {
   QToolBar* tools_ = nullptr;
   QList<QAction*> gridActions_;
   QTimer update_;
+  std::optional<Typed> typed_;  // until the present input is dealt with
+  bool isReading_ = false;
 };
 
 }  // namespace tessera
