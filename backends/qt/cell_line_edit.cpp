@@ -1,8 +1,11 @@
 #include "backends/qt/cell_line_edit.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QProxyStyle>
+#include <algorithm>
 #include <limits>
 
 #include "backends/qt/border_rings.h"
@@ -26,6 +29,24 @@ class MaskStyle : public QProxyStyle {
   }
 };
 
+template <class Row, class Value>
+bool isIn(const Row& row, Value value) {
+  return std::ranges::find(row, value) != std::end(row);
+}
+
+// Keys that end the edit, that the grid takes from it, and that erase words: no shortcut of the program may
+// take them. A line edit claims the others that it serves by itself.
+bool isEdits(const QKeyEvent& event) {
+  constexpr int ends[] = {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter};
+  constexpr int walks[] = {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown};
+  constexpr QKeySequence::StandardKey erases[] = {
+      QKeySequence::DeleteEndOfWord, QKeySequence::DeleteStartOfWord, QKeySequence::DeleteCompleteLine};
+  const bool alt = event.modifiers() & Qt::AltModifier;
+  const bool control = event.modifiers() & Qt::ControlModifier;
+  if (!alt && (isIn(walks, event.key()) || (!control && isIn(ends, event.key())))) return true;
+  return std::ranges::any_of(erases, [&](QKeySequence::StandardKey key) { return event.matches(key); });
+}
+
 }  // namespace
 
 CellLineEdit::CellLineEdit(QWidget* parent, QtEditBox& box) : QLineEdit(parent), box_(&box) {
@@ -40,16 +61,22 @@ CellLineEdit::CellLineEdit(QWidget* parent, QtEditBox& box) : QLineEdit(parent),
 
 void CellLineEdit::retire() {
   box_ = nullptr;
+  loan_.end();
   hide();
-  deleteLater();
 }
 
 // Keys come first to the grid, Tab included.
 bool CellLineEdit::event(QEvent* event) {
-  if (!box_ || event->type() != QEvent::KeyPress) return QLineEdit::event(event);
-  box_->window().keyPressed(static_cast<QKeyEvent&>(*event));
-  event->accept();
-  return true;
+  if (box_ && event->type() == QEvent::KeyPress) {
+    box_->window().keyPressed(static_cast<QKeyEvent&>(*event));
+    event->accept();
+    return true;
+  }
+  const bool done = QLineEdit::event(event);
+  if (event->type() == QEvent::ShortcutOverride && isEdits(static_cast<QKeyEvent&>(*event))) {
+    event->accept();
+  }
+  return done;
 }
 
 void CellLineEdit::process(QInputMethodEvent& event) {
@@ -65,16 +92,36 @@ void CellLineEdit::inputMethodEvent(QInputMethodEvent* event) {
   box_->composed(*event);
 }
 
-void CellLineEdit::focusInEvent(QFocusEvent* event) {
-  QLineEdit::focusInEvent(event);
-  if (box_ && event->reason() == Qt::ActiveWindowFocusReason) box_->focusArrived();
+void CellLineEdit::dropComposition() {
+  QGuiApplication::inputMethod()->reset();
+  QInputMethodEvent nothing;
+  process(nothing);
 }
 
-// A menu above the box only borrows the keys.
+void CellLineEdit::takeFocus() {
+  const QPointer<CellLineEdit> self(this);
+  taking_ = true;
+  setFocus(Qt::OtherFocusReason);
+  if (self) taking_ = false;
+}
+
+void CellLineEdit::focusInEvent(QFocusEvent* event) {
+  QLineEdit::focusInEvent(event);
+  if (box_ && !taking_) box_->focusArrived();
+}
+
+// What borrows the keys leaves the selection as it is.
 void CellLineEdit::focusOutEvent(QFocusEvent* event) {
-  QLineEdit::focusOutEvent(event);
-  if (event->reason() == Qt::PopupFocusReason) return;
-  composing_ = false;
+  if (event->reason() != Qt::PopupFocusReason) composing_ = false;
+  if (!loan_.begins(*event, [this] { loseFocus(); })) {
+    QLineEdit::focusOutEvent(event);
+    return loseFocus();
+  }
+  QFocusEvent lent(QEvent::FocusOut, Qt::PopupFocusReason);
+  QLineEdit::focusOutEvent(&lent);
+}
+
+void CellLineEdit::loseFocus() {
   if (box_) box_->focusLost();
 }
 

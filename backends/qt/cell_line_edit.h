@@ -5,6 +5,8 @@
 #include <QInputMethodEvent>
 #include <QLineEdit>
 
+#include "backends/qt/focus_loan.h"
+
 namespace tessera {
 
 class QtEditBox;
@@ -15,11 +17,15 @@ class CellLineEdit : public QLineEdit {
  public:
   CellLineEdit(QWidget* parent, QtEditBox& box);
 
-  // The box goes away; the widget does so when the events that it is in the midst of are over.
+  // The box goes away; the widget may be in the midst of an event and stays until the grid's window ends.
   void retire();
   void process(QKeyEvent& event) { QLineEdit::keyPressEvent(&event); }
   void process(QInputMethodEvent& event);
   bool isComposing() const { return composing_; }
+  // What is being composed goes without a trace.
+  void dropComposition();
+  // The box asks for the focus; every other way for it to come is told to the box.
+  void takeFocus();
 
  protected:
   bool event(QEvent* event) override;
@@ -29,8 +35,12 @@ class CellLineEdit : public QLineEdit {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void loseFocus();
+
   QtEditBox* box_;  // null after retire()
+  FocusLoan loan_{*this};
   bool composing_ = false;
+  bool taking_ = false;
 };
 
 }  // namespace tessera

@@ -31,6 +31,7 @@ std::uint64_t heldWith(const QMouseEvent& event) {
 
 // Keys that no shortcut of the program may take while the grid has the focus.
 bool isGridsOwn(const QKeyEvent& event) {
+  if (event.modifiers() & Qt::AltModifier) return false;
   const std::int32_t code = keyCode(event);
   if (code >= key::pageUp && code <= key::down) return true;
   return event.modifiers() == Qt::ControlModifier && (code == key::c || code == key::v);
@@ -44,15 +45,16 @@ GridView::GridView(QWidget* parent) : QWidget(parent) {
   setAttribute(Qt::WA_InputMethodEnabled);
 }
 
-// The edit box follows the view in the chain of focus, wherever the dialog has put that; going back from it
-// must not end at the view.
-void GridView::leave(bool forward) {
+// The edit box follows the view in the chain of focus, wherever the dialog has put that; leaving it must not
+// end at the view.
+bool GridView::leave(bool forward) {
   QWidget* const holder = window()->focusWidget();
   if (holder && holder != this && isAncestorOf(holder)) setTabOrder(this, holder);
   const Qt::FocusPolicy policy = focusPolicy();
-  if (!forward) setFocusPolicy(Qt::NoFocus);
-  focusNextPrevChild(forward);
+  setFocusPolicy(Qt::NoFocus);
+  const bool left = focusNextPrevChild(forward);
   setFocusPolicy(policy);
+  return left;
 }
 
 void GridView::requestDraw() { QCoreApplication::postEvent(this, new QEvent(drawRequest())); }
@@ -93,9 +95,12 @@ void GridView::focusInEvent(QFocusEvent*) {
   if (window_) window_->send(message::setFocus, 0, 0);
 }
 
-// A menu or a list above the grid only borrows the keys.
 void GridView::focusOutEvent(QFocusEvent* event) {
-  if (window_ && event->reason() != Qt::PopupFocusReason) window_->send(message::killFocus, 0, 0);
+  if (!loan_.begins(*event, [this] { loseFocus(); })) loseFocus();
+}
+
+void GridView::loseFocus() {
+  if (window_) window_->send(message::killFocus, 0, 0);
 }
 
 void GridView::sendMouse(std::uint32_t left, std::uint32_t right, QMouseEvent& event) {

@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include "backends/qt/focus_loan.h"
+
 namespace tessera {
 
 class QtWindow;
@@ -17,8 +19,9 @@ class GridView : public QWidget {
   // Borrowed; null before and after its life.
   void setWindow(QtWindow* window) { window_ = window; }
   QtWindow* gridWindow() const { return window_; }
-  // Moves the focus to the widget after the grid, or before it, whichever of the grid's windows has it.
-  void leave(bool forward);
+  // Moves the focus to the widget after the grid, or before it, whichever of the grid's windows has it. False
+  // when nobody else takes it.
+  bool leave(bool forward);
   // Whether a place of the screen is the view's.
   bool holds(QPoint screen) const { return rect().contains(mapFromGlobal(screen)); }
   // What another window got of the mouse. Qt forgets who was pressed then, and the release would never come:
@@ -43,9 +46,11 @@ class GridView : public QWidget {
   void timerEvent(QTimerEvent* event) override;
 
  private:
+  void loseFocus();
   void sendMouse(std::uint32_t left, std::uint32_t right, QMouseEvent& event);
 
   QtWindow* window_ = nullptr;
+  FocusLoan loan_{*this};
   QPoint wheelRest_;  // less than a notch on each axis
 };
 

@@ -53,7 +53,6 @@ ListPopup::ListPopup(QWidget* parent, QtListBox& list)
 void ListPopup::retire() {
   list_ = nullptr;
   hide();
-  deleteLater();
 }
 
 void ListPopup::resizeEvent(QResizeEvent*) { view_->setGeometry(contentsRect()); }

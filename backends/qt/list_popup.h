@@ -32,7 +32,7 @@ class ListPopup : public QFrame {
   ListPopup(QWidget* parent, QtListBox& list);
 
   ListView& view() { return *view_; }
-  // The list goes away; the widgets do so when the events that they are in the midst of are over.
+  // The list goes away; the widgets may be in the midst of an event and stay until the grid's window ends.
   void retire();
 
  protected:

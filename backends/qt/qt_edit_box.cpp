@@ -49,13 +49,18 @@ void QtEditBox::place(const Rect& rect) {
   line_->setGeometry(toQRect(rect));
 }
 
-void QtEditBox::setFocus() { window_.giveFocus(*line_); }
+void QtEditBox::setFocus() {
+  const CallDepth::Scope call(window_.calls());
+  line_->takeFocus();
+}
 
 bool QtEditBox::hasFocus() const { return line_ && line_->hasFocus(); }
 
 void QtEditBox::setHints(Qt::InputMethodHints hints) { line_->setInputMethodHints(hints); }
 
 bool QtEditBox::isComposing() const { return line_->isComposing(); }
+
+void QtEditBox::dropComposition() { line_->dropComposition(); }
 
 void QtEditBox::sendChar(char16_t character) { type(QStringView(&character, 1)); }
 
@@ -114,26 +119,39 @@ QString QtEditBox::inCase(QStringView text) const {
   return typed;
 }
 
-// What is finished goes in as if it were typed; what is not, the line edit shows in its midst.
+// What is finished goes in as if it were typed; what is not, the line edit shows in its midst, unless the
+// cell takes no composition.
 void QtEditBox::composed(const QInputMethodEvent& event) {
-  if (!owner_.editAllowsComposition()) return QGuiApplication::inputMethod()->reset();
   const auto life = life_.watch();
-  const QPointer<CellLineEdit> line = line_;
-  if (event.replacementLength() > 0) {
-    const std::unique_ptr<QInputMethodEvent> whole(event.clone());
-    return line->process(*whole);
-  }
-  if (!event.commitString().isEmpty()) {
+  const bool shows = owner_.editAllowsComposition();
+  if (!event.commitString().isEmpty() || event.replacementLength() > 0) {
     QInputMethodEvent over;
-    line->process(over);
-    type(event.commitString());
+    line_->process(over);
+    replace(event);
     if (life.expired()) return;
   }
+  if (!shows && !event.preeditString().isEmpty()) return QGuiApplication::inputMethod()->reset();
   QInputMethodEvent rest(event.preeditString(), event.attributes());
-  line->process(rest);
+  line_->process(rest);
 }
 
-// The window was left with the box at work, and comes back when there is nothing to edit any more.
+// The text to replace is counted from the caret. It stays when nothing of the new one may go in.
+void QtEditBox::replace(const QInputMethodEvent& event) {
+  const auto life = life_.watch();
+  const int caret = line_->cursorPosition();
+  if (event.replacementLength() > 0) {
+    const int from = std::clamp(caret + event.replacementStart(), 0, static_cast<int>(line_->text().size()));
+    line_->setSelection(from, event.replacementLength());
+    if (event.commitString().isEmpty()) return line_->del();
+  }
+  type(event.commitString());
+  if (!life.expired() && event.replacementLength() > 0 && line_->hasSelectedText()) {
+    line_->setCursorPosition(caret);
+  }
+}
+
+// Somebody else than the control has put the focus here, as Qt does when the window or a menu bar gives it
+// back. With nothing to edit the keys are the grid's.
 void QtEditBox::focusArrived() {
   if (!window_.view().rect().intersects(toQRect(rect_))) window_.setFocus();
 }

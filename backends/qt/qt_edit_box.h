@@ -39,6 +39,7 @@ class QtEditBox : public EditBox {
 
   void setHints(Qt::InputMethodHints hints);
   bool isComposing() const;
+  void dropComposition();
 
   // What a person does; each may end with the box destroyed. `entersText`: the key's text goes in.
   void pressKey(std::int32_t key, QKeyEvent& event, bool entersText);
@@ -50,6 +51,7 @@ class QtEditBox : public EditBox {
 
  private:
   bool allowed(char16_t character);
+  void replace(const QInputMethodEvent& event);
   QString inCase(QStringView text) const;
 
   QtWindow& window_;

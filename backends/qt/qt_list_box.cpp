@@ -96,9 +96,7 @@ void QtListBox::clicked() {
 }
 
 void QtListBox::left() {
-  if (!std::exchange(entered_, false)) return;
-  const CallDepth::Scope call(window_.calls());
-  owner_.listFocusLost();
+  if (std::exchange(entered_, false)) window_.leaveList(owner_);
 }
 
 }  // namespace tessera

@@ -1,6 +1,7 @@
 #include "backends/qt/qt_menu.h"
 
 #include <QMenu>
+#include <QPointer>
 
 #include "backends/qt/qt_text.h"
 
@@ -24,12 +25,19 @@ void fill(QMenu& menu, std::span<const PopupMenuItem> items) {
 
 }  // namespace
 
-std::int32_t execMenu(std::span<const PopupMenuItem> items, QPoint screen) {
-  QMenu menu;
-  menu.setSeparatorsCollapsible(false);
-  fill(menu, items);
-  const QAction* const chosen = menu.exec(screen);
+// The owner may go while the menu is up, and the menu with it.
+std::int32_t execMenu(QWidget& owner, std::span<const PopupMenuItem> items, QPoint screen) {
+  const QPointer<QMenu> menu = new QMenu(&owner);
+  menu->setSeparatorsCollapsible(false);
+  fill(*menu, items);
+  const QAction* const chosen = menu->exec(screen);
+  if (!menu) return 0;
+  menu->deleteLater();
   return chosen ? chosen->data().toInt() : 0;
+}
+
+void closeMenus(QWidget& owner) {
+  for (QMenu* menu : owner.findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) menu->close();
 }
 
 }  // namespace tessera

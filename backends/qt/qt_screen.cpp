@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QPalette>
 #include <QScreen>
+#include <algorithm>
 
 #include "backends/qt/qt_text.h"
 #include "shared/screen.h"
@@ -22,9 +23,15 @@ constexpr ColorRow colors[] = {
     {&Screen::darkShadow, QPalette::Dark},
 };
 
+bool isLike(const Screen& other) {
+  const auto equal = [&other](const ColorRow& row) { return other.*row.color == screen().*row.color; };
+  return other.dotsPerInch == screen().dotsPerInch && std::ranges::all_of(colors, equal);
+}
+
 }  // namespace
 
-void takeDesktopScreen() {
+int takeDesktopScreen() {
+  static int count = 0;
   Screen desktop;
   const QPalette palette = QGuiApplication::palette();
   for (const ColorRow& row : colors) {
@@ -33,7 +40,9 @@ void takeDesktopScreen() {
   if (const QScreen* first = QGuiApplication::primaryScreen()) {
     desktop.dotsPerInch = qRound(first->logicalDotsPerInch());
   }
+  if (count > 0 && isLike(desktop)) return count;
   setScreen(desktop);
+  return ++count;
 }
 
 }  // namespace tessera

@@ -4,8 +4,8 @@
 
 namespace tessera {
 
-// The process's screen becomes the desktop's: the application's palette and its first monitor. A dark palette
-// counts as the standard one.
-void takeDesktopScreen();
+// The process's screen becomes the desktop's: the application's palette and its first monitor. Answers how
+// many different ones there have been.
+int takeDesktopScreen();
 
 }  // namespace tessera

@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QFontInfo>
 
+#include "backends/qt/font_height.h"
 #include "shared/change_type.h"
 #include "shared/screen.h"
 #include "shared/utf.h"
@@ -12,7 +13,6 @@ namespace tessera {
 namespace {
 
 constexpr std::int64_t millisecondsPerDay = 86'400'000;
-constexpr std::int32_t defaultPoints = 9;  // of a font that names no size
 
 // The day that date numbers count from.
 const QDateTime& dayZero() {
@@ -86,8 +86,7 @@ XValue toXValue(const QVariant& variant) {
 QFont toQFont(const LogFont& font) {
   QFont made;
   if (!font.face().empty()) made.setFamily(toQString(utf16FromUtf8(font.face())));
-  const std::int32_t height = font.lfHeight == 0 ? pointsToHeight(defaultPoints) : font.lfHeight;
-  made.setPixelSize(std::max(1, std::abs(height)));
+  made.setPixelSize(std::max(1, std::abs(heightOf(font))));
   made.setBold(font.lfWeight >= 700);
   made.setItalic(font.lfItalic != 0);
   made.setUnderline(font.lfUnderline != 0);

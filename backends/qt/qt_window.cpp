@@ -102,6 +102,7 @@ void QtWindow::close() {
   for (const int timer : timers_) view().killTimer(timer);
   timers_.clear();
   view().setWindow(nullptr);
+  closeMenus(view());
   for (const Bar bar : {Bar::Horizontal, Bar::Vertical}) pane_.bar(bar).disconnect(&pane_);
 }
 
@@ -117,6 +118,14 @@ void QtWindow::abandon(const QtEditBox* box) {
 
 void QtWindow::abandon(const QtListBox* list) {
   if (list_ == list) list_ = nullptr;
+}
+
+// A press outside the grid closes the list, but the focus comes back to the grid first; whoever was pressed
+// takes it from there. So the pointer's place tells nothing, and what counts is who has the focus now.
+void QtWindow::leaveList(ListBoxOwner& owner) {
+  const CallDepth::Scope call(calls_);
+  const ScopedFlag leaves(leavesList_);
+  owner.listFocusLost();
 }
 
 // Drawing.
@@ -231,19 +240,26 @@ void QtWindow::keyPressed(QKeyEvent& event) {
   held.shift = held.shift || key == key::shift || event.key() == Qt::Key_Backtab;
   held.control = held.control || key == key::control;
   const Turn turn(*this, held);
-  if (endsComposition(event, key)) return QGuiApplication::inputMethod()->commit();
+  if (endsComposition(key)) return;
   const KeyRoute route = key == 0 ? KeyRoute::Host : owner_.translateKey(key);
   if (closed_ || route == KeyRoute::Done) return;
-  if (route == KeyRoute::Host && key == key::tab) return view().leave(!held.shift);
+  if (route == KeyRoute::Host && key == key::tab) return leave(!held.shift);
   const bool ours = route == KeyRoute::Window || !hasFocus() || key == key::enter || entersText(event);
   deliverKey(key, event);
   event.setAccepted(ours);
 }
 
-// The key that accepts a composition is no answer to the grid.
-bool QtWindow::endsComposition(const QKeyEvent& event, std::int32_t key) const {
-  const bool ends = key == key::enter || key == key::escape || event.key() == Qt::Key_Enter;
-  return ends && box_ && box_->hasFocus() && box_->isComposing();
+// Nowhere to go: the focus stays at its cell, where an edit has ended all the same.
+void QtWindow::leave(bool forward) {
+  if (!view().leave(forward) && !closed_) owner_.endEdit();
+}
+
+// The key that accepts or drops a composition is no answer to the grid.
+bool QtWindow::endsComposition(std::int32_t key) {
+  if (!box_ || !box_->hasFocus() || !box_->isComposing()) return false;
+  if (key == key::enter) QGuiApplication::inputMethod()->commit();
+  if (key == key::escape) box_->dropComposition();
+  return key == key::enter || key == key::escape;
 }
 
 void QtWindow::deliverKey(std::int32_t key, QKeyEvent& event) {
@@ -349,7 +365,7 @@ Modifiers QtWindow::modifiers() const {
   return modifiers_.value_or(modifiersOf(QGuiApplication::keyboardModifiers()));
 }
 
-Point QtWindow::pointer() const { return toPoint(QCursor::pos()); }
+Point QtWindow::pointer() const { return leavesList_ ? clientOrigin() : toPoint(QCursor::pos()); }
 
 Point QtWindow::clientOrigin() const { return toPoint(pane_.view().mapToGlobal(QPoint(0, 0))); }
 
@@ -393,7 +409,7 @@ std::unique_ptr<ListBox> QtWindow::createListBox(ListBoxOwner& owner) {
 
 std::int32_t QtWindow::trackPopupMenu(std::span<const PopupMenuItem> items, Point screen) {
   const CallDepth::Scope call(calls_);
-  return execMenu(items, {screen.x, screen.y});
+  return execMenu(view(), items, {screen.x, screen.y});
 }
 
 }  // namespace tessera

@@ -62,6 +62,8 @@ class QtWindow : public Window, private InputMethod {
   void giveFocus(QWidget& widget);
   void adopt(QtEditBox* box) { box_ = box; }
   void adopt(QtListBox* list) { list_ = list; }
+  // The open list has lost the focus or was closed.
+  void leaveList(ListBoxOwner& owner);
   void abandon(const QtEditBox* box);
   void abandon(const QtListBox* list);
 
@@ -110,7 +112,8 @@ class QtWindow : public Window, private InputMethod {
   void draw();
   void drawNow();
   const std::shared_ptr<Surface>& surface();
-  bool endsComposition(const QKeyEvent& event, std::int32_t key) const;
+  void leave(bool forward);
+  bool endsComposition(std::int32_t key);
   void deliverKey(std::int32_t key, QKeyEvent& event);
   void typed(QStringView text);
 
@@ -130,6 +133,7 @@ class QtWindow : public Window, private InputMethod {
   bool closed_ = false;
   bool dirty_ = true;
   bool requested_ = false;
+  bool leavesList_ = false;
   bool painting_ = false;
 };
 

@@ -4,13 +4,11 @@
 #include <cassert>
 #include <cmath>
 
-#include "shared/screen.h"
+#include "backends/qt/font_height.h"
 
 namespace tessera {
 
 namespace {
-
-constexpr std::int32_t defaultPoints = 9;  // of a font that names no size
 
 std::int32_t scaled(std::int64_t value, double ratio) {
   return clampToInt(std::llround(static_cast<double>(value) * ratio));
@@ -39,8 +37,7 @@ std::int32_t ScaledCanvas::hairline() const { return std::max(1, toDevice(1)); }
 
 LogFont ScaledCanvas::toDevice(const LogFont& font) const {
   LogFont made = font;
-  const std::int32_t height = font.lfHeight == 0 ? pointsToHeight(defaultPoints) : font.lfHeight;
-  made.lfHeight = toDevice(height);
+  made.lfHeight = toDevice(heightOf(font));
   return made;
 }
 

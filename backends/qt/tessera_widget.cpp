@@ -1,5 +1,7 @@
+#include <QCoreApplication>
 #include <QEvent>
 #include <QPointer>
+#include <utility>
 
 #include <tessera/tessera_widget.h>
 
@@ -52,6 +54,11 @@ int numberOf(ITessera& grid) {
   return number;
 }
 
+QEvent::Type rebuildRequest() {
+  static const int type = QEvent::registerEventType();
+  return static_cast<QEvent::Type>(type);
+}
+
 VariantBool flag(bool on) { return on ? VARIANT_TRUE : VARIANT_FALSE; }
 
 }  // namespace
@@ -79,25 +86,42 @@ class TesseraWidget::Impl {
     pane_->arrange();
     core_->openWindow(*pane_);
   }
+  // When the program is back in the event loop: the events of it may destroy the widget.
+  void requestRebuild(TesseraWidget& widget) {
+    if (!core_->hasWindow() || std::exchange(rebuilding_, true)) return;
+    QCoreApplication::postEvent(&widget, new QEvent(rebuildRequest()));
+  }
+  void rebuild() {
+    rebuilding_ = false;
+    const auto core = core_;
+    core->rebuild();
+  }
+  void takeColors(TesseraWidget& widget) {
+    const int before = std::exchange(screen_, takeDesktopScreen());
+    if (screen_ != before) requestRebuild(widget);
+  }
 
  private:
   void outlive() {
     pane_->hide();
     pane_->setParent(nullptr);
-    pane_->deleteLater();
-    auto* const keeper = new QObject;
-    QObject::connect(keeper, &QObject::destroyed, [core = core_] {});
-    keeper->deleteLater();
+    core_->calls().whenOver([core = core_, pane = pane_] {
+      pane->deleteLater();
+      auto* const keeper = new QObject;
+      QObject::connect(keeper, &QObject::destroyed, [core] {});
+      keeper->deleteLater();
+    });
   }
 
-  GridPane* pane_;  // the widget's child
+  int screen_ = takeDesktopScreen();  // the one that the core takes its colours from
+  GridPane* pane_;                    // the widget's child
   std::shared_ptr<WidgetCore> core_;
+  bool rebuilding_ = false;
 };
 
 // The records of the control take the system colours from the moment they are made.
 TesseraWidget::TesseraWidget(QWidget* parent) : QWidget(parent) {
-  static const bool first = (takeDesktopScreen(), installGridAccessibility(), true);
-  Q_UNUSED(first);
+  installGridAccessibility();
   impl_ = std::make_unique<Impl>(*this);
   connect(this, &TesseraWidget::selChanged, this, [this] { announceCell(impl_->pane().view()); });
 }
@@ -143,17 +167,15 @@ HResult TesseraWidget::load(PropertyBag& bag) {
 
 bool TesseraWidget::event(QEvent* event) {
   const QPointer<TesseraWidget> self(this);
+  if (event->type() == rebuildRequest()) return impl_->rebuild(), true;
   if (event->type() == QEvent::Polish) impl_->openWindow(rect());
-  if (event->type() == QEvent::ApplicationPaletteChange) {
-    takeDesktopScreen();
-    impl_->core()->rebuild();
-  }
   return !self || QWidget::event(event);
 }
 
 void TesseraWidget::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() == QEvent::FontChange) impl_->core()->rebuild();
+  if (event->type() == QEvent::FontChange) impl_->requestRebuild(*this);
+  if (event->type() == QEvent::PaletteChange) impl_->takeColors(*this);
 }
 
 void TesseraWidget::resizeEvent(QResizeEvent*) { impl_->pane().setGeometry(rect()); }

@@ -39,6 +39,7 @@ void WidgetCore::closeWindow() {
 
 void WidgetCore::rebuild() {
   const CallDepth::Scope call(calls_);
+  if (open_) control_.controllers().editors.settle();
   if (open_) control_.Refresh();
 }
 

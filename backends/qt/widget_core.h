@@ -41,13 +41,14 @@ class WidgetCore : public WindowOwner, public ITesseraEvents {
   void openWindow(GridPane& pane);
   // The widget goes away: an open edit is saved, and nobody hears of it.
   void closeWindow();
-  // Of another font or other system colours.
+  // Of another font or other system colours. An open edit is saved.
   void rebuild();
 
   void draw(Canvas& canvas) override { control_.onDraw(canvas); }
   void message(std::uint32_t number, std::uint64_t wParam, std::int64_t lParam) override;
   void resized() override { control_.windowResized(); }
   KeyRoute translateKey(std::int32_t& key) override { return control_.translateKey(key); }
+  void endEdit() override { control_.controllers().editors.commitBeforeMove(); }
   HResult Invoke(EventId id, std::span<const XValue> arguments, XValue& result) override;
 
  private:

@@ -18,6 +18,8 @@ class WindowOwner {
   virtual void resized() = 0;
   // Before a key goes to the window with the focus; `key` may be replaced.
   virtual KeyRoute translateKey(std::int32_t& key) = 0;
+  // Ends an open edit unless the program keeps it.
+  virtual void endEdit() = 0;
 };
 
 }  // namespace tessera

@@ -28,8 +28,10 @@ namespace tessera {
 // Lifetime. The grid's window comes into being when the widget is first shown, grabbed or polished, and goes
 // with the widget; until then setters only store their values, and members that need a window do nothing.
 // Slots and handlers may destroy the widget, also by a plain delete from inside any of its events: the rest
-// of the operation under way finds no window and ends. Data sets and image sets are shared: the grid lets go
-// of them at its end or when they close.
+// of the operation under way finds no window and ends. Only while Qt is at work on the widget itself, which
+// is its first show or grab (OnError) and a change of its size, place in the tree, visibility or
+// isEnabled() (OnCloseUp, OnExit, OnKillFocus), deleteLater() has to do it. Data sets and image sets are
+// shared: the grid lets go of them at its end or when they close.
 //
 // Painting. What changes is drawn when the input that changed it has been dealt with; changes that the
 // program or a data set makes by themselves are drawn once when the program returns to the event loop,
@@ -39,10 +41,10 @@ namespace tessera {
 // drawn on its device pixels.
 //
 // Looks. The face and the size of text that names none is that of font(); when it changes, the grid is built
-// anew as by refresh(). System colours come from the application's palette as it is when the first grid of
-// the process is made. When the palette changes later, they are taken again and every grid is built anew:
-// columns take the new colours where they name none, indicator and background keep what they have. Configured
-// colours stay.
+// anew as by refresh(), after an open edit was saved, when the program returns to the event loop. System
+// colours come from the application's palette as it is when the grid is made. When it changes later, they are
+// taken again and every grid is built anew: columns take the new colours where they name none, indicator and
+// background keep what they have. Configured colours stay.
 //
 // Everything happens on the thread of the application.
 class TesseraWidget : public QWidget {

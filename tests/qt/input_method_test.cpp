@@ -54,11 +54,13 @@ TEST_F(InputMethodTest, EnterAndEscapeInACompositionDoNotEndTheEdit) {
   focusOn("name");
   for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
     desk.compose("하", "");
+    const int behind = caret();
     desk.takeEvents();
     desk.key(key);
     EXPECT_TRUE(desk.editIsOpen());
     EXPECT_EQ(desk.takeText(), "");
     EXPECT_EQ(desk.cell(1, 1), "Anchor");
+    EXPECT_EQ(caret() < behind, key == Qt::Key_Escape) << "Escape drops what is being composed";
   }
   desk.compose("", "하");
   desk.key(Qt::Key_Return);
@@ -74,6 +76,12 @@ TEST_F(InputMethodTest, NumericEditorsAndCellsWithoutEditorsTakeNoComposition) {
   desk.compose("하", "");
   desk.compose("", "하");
   EXPECT_EQ(desk.editBox().displayText(), "3");
+  desk.takeEvents();
+  desk.compose("", "7");
+  EXPECT_EQ(desk.editBox().displayText(), "7") << "as keyboards on the screen type";
+  EXPECT_EQ(desk.takeText(), "OnChar(); ");
+  desk.compose("ㅎ", "5하");
+  EXPECT_EQ(desk.editBox().displayText(), "75");
   desk.key(Qt::Key_Escape);
   focusOn("paid");
   desk.compose("ㅎ", "");
@@ -87,6 +95,29 @@ TEST_F(InputMethodTest, TheLimitHolds) {
   focusOn("name");
   desk.compose("", "가나다라마바사아자차카타");
   EXPECT_EQ(desk.editBox().text().size(), 10);
+}
+
+// Corrections of what stands there already are typed over it.
+TEST_F(InputMethodTest, ReplacementsObeyLimitAndCase) {
+  focusOn("name");
+  desk.grid().activateEdit();
+  desk.key(Qt::Key_End);
+  desk.retype(-3, 3, "kerabcdefgh");
+  EXPECT_EQ(desk.editBox().text(), "Anckerabcd");
+  desk.retype(-3, 3, "");
+  EXPECT_EQ(desk.editBox().text(), "Anckera");
+  desk.key(Qt::Key_Escape);
+  focusOn("code");
+  desk.grid().activateEdit();
+  desk.retype(-2, 2, "xy");
+  EXPECT_EQ(desk.editBox().text(), "AXY");
+  desk.key(Qt::Key_Escape);
+  focusOn("qty");
+  desk.grid().activateEdit();
+  desk.key(Qt::Key_End);
+  desk.retype(-1, 1, "x");
+  EXPECT_EQ(desk.editBox().text(), "3");
+  EXPECT_FALSE(desk.editBox().hasSelectedText());
 }
 
 TEST_F(InputMethodTest, CharactersOutsideTheBasicPlaneStayWhole) {

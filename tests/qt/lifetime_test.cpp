@@ -1,12 +1,15 @@
 // Grids that come and go, also from inside their own events.
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QKeyEvent>
 #include <QMenu>
+#include <QPointer>
 #include <QTimer>
 #include <gtest/gtest.h>
 
 #include "qt/qt_desk.h"
+#include "support/fake_data_set.h"
 
 namespace tessera::test {
 namespace {
@@ -99,15 +102,81 @@ INSTANTIATE_TEST_SUITE_P(Events, DestructionTest, testing::ValuesIn(destructions
                          [](const auto& row) { return std::string(eventName(row.param.event)); });
 
 // The menu's own loop is under way, inside a call of the grid.
-TEST(Lifetime, AGridMayGoWhileItsMenuIsOpen) {
+TEST(Lifetime, AGridTakesItsOpenMenuAlong) {
   QtDesk desk("editors.xml");
+  bool picked = false;
+  desk.runInside(EventId::OnMenuSelected, [&picked] { picked = true; });
   QTimer::singleShot(0, [&desk] {
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
     desk.destroyGrid();
-    QApplication::activePopupWidget()->close();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
   });
   desk.grid().trackPopupMenu(5, 5);
   EXPECT_FALSE(desk.hasGrid());
+  EXPECT_FALSE(picked);
+}
+
+// A dialog of the program that an event of the grid has opened: its loop comes to destroy what was put off,
+// but the grid's calls are still under way below.
+TEST(Lifetime, AGridMayGoInALoopInsideItsEvents) {
+  for (const EventId event : {EventId::OnExit, EventId::OnSelChanged}) {
+    QtDesk desk("editors.xml");
+    enterOn(desk, "name");
+    const QPointer<QWidget> view = &desk.view();
+    desk.runInside(event, [&] {
+      QEventLoop loop;
+      QTimer::singleShot(0, [&desk] { desk.destroyGrid(); });
+      QTimer::singleShot(20, &loop, &QEventLoop::quit);
+      loop.exec();
+      EXPECT_FALSE(view.isNull());
+    });
+    desk.key(Qt::Key_Down);
+    EXPECT_FALSE(desk.hasGrid());
+    desk.settle();
+    EXPECT_TRUE(view.isNull());
+  }
+}
+
+TEST(Lifetime, AGridMayGoWhenAChangeOfItsFontEndsAnEdit) {
+  QtDesk desk("editors.xml");
+  enterOn(desk, "name");
+  desk.runInside(EventId::OnExit, [&desk] { desk.destroyGrid(); });
+  QFont font = desk.grid().font();
+  font.setBold(true);
+  desk.grid().setFont(font);
+  EXPECT_TRUE(desk.hasGrid());
   desk.settle();
+  EXPECT_FALSE(desk.hasGrid());
+}
+
+// Qt is at work on the widget, so that the program puts it off.
+TEST(Lifetime, AGridMayBePutAwayWhileQtShowsOrResizesIt) {
+  QPointer<TesseraWidget> grid = new TesseraWidget;
+  int told = 0;
+  QObject::connect(grid, &TesseraWidget::error, grid, [&] {
+    ++told;
+    grid->deleteLater();
+  });
+  const auto rows = std::make_shared<FakeDataSet>(std::vector<XString>{u"A"},
+                                                  std::vector<std::vector<const char16_t*>>{{u"one"}});
+  grid->addDataSet("rows", rows);
+  grid->setDataID("rows");
+  grid->setColumnInfo("no columns");
+  EXPECT_EQ(told, 0);
+  grid->show();
+  EXPECT_EQ(told, 1);
+  QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(grid.isNull());
+  EXPECT_EQ(rows.use_count(), 1);
+
+  QtDesk desk("editors.xml");
+  enterOn(desk, "size");
+  ASSERT_NE(desk.list(), nullptr);
+  desk.runInside(EventId::OnCloseUp, [&desk] { desk.grid().deleteLater(); });
+  desk.grid().resize(desk.grid().width() - 20, desk.grid().height());
+  EXPECT_TRUE(desk.hasGrid());
+  desk.settle();
+  EXPECT_FALSE(desk.hasGrid());
 }
 
 // An edit that is open at the end is kept.

@@ -9,32 +9,17 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <QWheelEvent>
+#include <gtest/gtest.h>
 
 #include "backends/qt/qt_text.h"
 #include "shared/compare.h"
 #include "shared/utf.h"
+#include "tools/tessera/form_property_bag.h"
 #include "tools/tessera/value_text.h"
 
 namespace tessera::test {
 
 namespace {
-
-class FormBag : public PropertyBag {
- public:
-  explicit FormBag(const Form& form) : form_(form) {}
-
-  bool read(const XString& name, XValue& value) override {
-    for (const GridProperty& property : form_.properties) {
-      if (utf16FromUtf8(property.name) != name.view()) continue;
-      value.setText(property.text);
-      return true;
-    }
-    return false;
-  }
-
- private:
-  const Form& form_;
-};
 
 OpenedForm opened(const std::string& form) {
   auto result = openForm(TESSERA_SOURCE_DIR "/tests/console/forms/" + form);
@@ -67,7 +52,7 @@ QtDesk::QtDesk(const std::string& form)
     grid_->addDataSet(QString::fromStdString(opened_.form.dataSets[i].options.id),
                       opened_.components.dataSets[i].rows);
   }
-  FormBag bag(opened_.form);
+  FormPropertyBag bag(opened_.form.properties);
   grid_->load(bag);
   view_ = grid_->focusProxy();
   before_->move(0, 0);
@@ -99,7 +84,7 @@ void QtDesk::fitClient(Size client) {
   after_->move(0, grid_->height() + 60);
 }
 
-void QtDesk::destroyGrid() { delete std::exchange(grid_, nullptr); }
+void QtDesk::destroyGrid() { delete grid_.data(); }
 
 bool QtDesk::gridIsAway() {
   const QWidget* const holder = QApplication::focusWidget();
@@ -187,10 +172,25 @@ void QtDesk::wheel(QPoint client, int delta, Qt::KeyboardModifiers held) {
 }
 
 void QtDesk::key(int key, Qt::KeyboardModifiers held, const QString& text) {
-  QWidget* const target = QApplication::focusWidget();
-  if (!target) return;
   QKeyEvent event(QEvent::KeyPress, key, held, text);
-  QApplication::sendEvent(target, &event);
+  sendToFocus(event);
+}
+
+void QtDesk::tapAlt() {
+  QKeyEvent down(QEvent::ShortcutOverride, Qt::Key_Alt, Qt::AltModifier);
+  down.ignore();
+  sendToFocus(down);
+  if (!down.isAccepted()) QApplication::sendEvent(&dialog_, &down);
+  key(Qt::Key_Alt, Qt::AltModifier);
+  QKeyEvent up(QEvent::KeyRelease, Qt::Key_Alt, {});
+  sendToFocus(up);
+}
+
+bool QtDesk::claims(int key, Qt::KeyboardModifiers held) {
+  QKeyEvent event(QEvent::ShortcutOverride, key, held);
+  event.ignore();
+  sendToFocus(event);
+  return event.isAccepted();
 }
 
 void QtDesk::type(const QString& text) {
@@ -198,10 +198,20 @@ void QtDesk::type(const QString& text) {
 }
 
 void QtDesk::compose(const QString& preedit, const QString& commit) {
-  QWidget* const target = QApplication::focusWidget();
-  if (!target) return;
   QInputMethodEvent event(preedit, {});
   event.setCommitString(commit);
+  sendToFocus(event);
+}
+
+void QtDesk::retype(int from, int length, const QString& commit) {
+  QInputMethodEvent event;
+  event.setCommitString(commit, from, length);
+  sendToFocus(event);
+}
+
+void QtDesk::sendToFocus(QEvent& event) {
+  QWidget* const target = QApplication::focusWidget();
+  if (!target) FAIL() << "nobody has the focus";
   QApplication::sendEvent(target, &event);
 }
 

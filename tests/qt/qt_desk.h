@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QScrollBar>
 #include <QWidget>
 #include <functional>
@@ -29,7 +30,7 @@ class QtDesk {
   QtDesk& operator=(const QtDesk&) = delete;
 
   TesseraWidget& grid() { return *grid_; }
-  bool hasGrid() const { return grid_ != nullptr; }
+  bool hasGrid() const { return !grid_.isNull(); }
   void destroyGrid();
   QLineEdit& before() { return *before_; }
   QLineEdit& after() { return *after_; }
@@ -65,16 +66,22 @@ class QtDesk {
   void key(int key, Qt::KeyboardModifiers held = {}, const QString& text = {});
   void type(const QString& text);
   void compose(const QString& preedit, const QString& commit);
+  // An input method puts `commit` in the place of a text that begins `from` the caret.
+  void retype(int from, int length, const QString& commit);
+  void tapAlt();
+  // Whether the focus keeps a key from being a shortcut of the program.
+  bool claims(int key, Qt::KeyboardModifiers held);
   void settle();  // lets the event loop run dry
 
  private:
   TesseraWidget::Handler logging(EventId event, const QVariant& value);
   QWidget* targetAt(QPoint client);
+  void sendToFocus(QEvent& event);
 
   OpenedForm opened_;
   QWidget dialog_;
   QLineEdit* before_;
-  TesseraWidget* grid_;
+  QPointer<TesseraWidget> grid_;
   QLineEdit* after_;
   QWidget* view_ = nullptr;
   Qt::MouseButtons pressed_;

@@ -6,7 +6,6 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
-#include <QPalette>
 #include <QTimer>
 #include <gtest/gtest.h>
 
@@ -38,6 +37,8 @@ struct TabCase {
   Qt::KeyboardModifiers held;
   bool leadsOut;
 };
+
+void PrintTo(const TabCase& row, std::ostream* out) { *out << row.what; }
 
 class TabTest : public testing::TestWithParam<TabCase> {};
 
@@ -152,44 +153,6 @@ TEST(Painting, ABurstOfUpdatesIsPaintedOnce) {
   const QImage shown = grid.grab().toImage();
   EXPECT_EQ(rows->reads, readsOfOnePaint) << "a picture shows what there is";
   EXPECT_FALSE(shown.isNull());
-}
-
-// Logical pixels.
-QColor colorAt(TesseraWidget& grid, QPoint place) {
-  const QImage image = grid.grab().toImage();
-  return image.pixelColor((QPointF(place) * image.devicePixelRatio()).toPoint());
-}
-
-TEST(Painting, TakesFaceSizeAndColoursOfTheDesktop) {
-  constexpr QPoint emptySpace{40, 90}, cell{70, 50};  // of a cell that names no colour
-  const auto rows = twoRows();
-  TesseraWidget grid;
-  grid.addDataSet("rows", rows);
-  grid.setDataID("rows");
-  grid.setColumnInfo(oneColumn);
-  grid.resize(200, 100);
-  grid.show();
-  const QPalette palette = QApplication::palette();
-  EXPECT_EQ(colorAt(grid, emptySpace), palette.color(QPalette::Base));
-  const auto change = [&](QColor base, QColor text) {
-    QPalette changed = palette;
-    changed.setColor(QPalette::Base, base);
-    changed.setColor(QPalette::Text, text);
-    QApplication::setPalette(changed);
-    QApplication::processEvents();
-  };
-  change(QColor(250, 240, 220), Qt::black);
-  EXPECT_EQ(colorAt(grid, cell), QColor(250, 240, 220));
-  change(QColor(20, 24, 28), Qt::white);
-  EXPECT_EQ(colorAt(grid, cell), QColor(255, 255, 255)) << "black texts must stay readable";
-  QApplication::setPalette(palette);
-  QApplication::processEvents();
-  EXPECT_EQ(colorAt(grid, cell), palette.color(QPalette::Base));
-  const QImage small = grid.grab().toImage();
-  QFont font = grid.font();
-  font.setPointSize(2 * font.pointSize());
-  grid.setFont(font);
-  EXPECT_NE(grid.grab().toImage(), small);
 }
 
 TEST(Page, ComponentsBindWheneverTheyCome) {
@@ -362,6 +325,26 @@ TEST(List, HandsOnWhatIsTheGrids) {
   EXPECT_EQ(desk.takeText(),
             "OnCloseUp(\"size\", 1); OnSelChange(\"name\", 2); OnSelChanged(\"name\", 2); "
             "OnLButtonDown(3, 2, \"name\", 60, 50); OnLButtonUp(3, 2, \"name\", 60, 50); ");
+}
+
+// The focus comes back to the grid, and goes when whoever was pressed takes it.
+TEST(List, ClosedOutsideTheGridTellsOfTheFocusOnce) {
+  QtDesk desk("editors.xml");
+  desk.grid().setFocus();
+  desk.grid().setColumnPosition("size");
+  desk.key(Qt::Key_Return);
+  QWidget* const window = QApplication::activePopupWidget();
+  ASSERT_NE(window, nullptr);
+  desk.takeEvents();
+  const QPoint at = desk.after().mapToGlobal(QPoint(2, 2));
+  QCursor::setPos(at);
+  QMouseEvent press(QEvent::MouseButtonPress, window->mapFromGlobal(QPointF(at)), at, Qt::LeftButton,
+                    Qt::LeftButton, {});
+  QApplication::sendEvent(window, &press);
+  EXPECT_EQ(desk.list(), nullptr);
+  EXPECT_EQ(desk.takeText(), "OnCloseUp(\"size\", 1); ");
+  desk.after().setFocus(Qt::MouseFocusReason);
+  EXPECT_EQ(desk.takeText(), "OnKillFocus(); ");
 }
 
 TEST(Accessibility, SaysWhatTheGridAndItsFocusCellAre) {
