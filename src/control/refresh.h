@@ -44,8 +44,8 @@ inline void dropPrograms(CellStyle& style) {
   style.expressions = {};
 }
 
-// The expressions of a record that outlives a Refresh, which frees all programs. Gives the number of those that
-// do not compile.
+// The expressions of a record that outlives a Refresh, which frees all programs. Gives the number of those
+// that do not compile.
 template <class Record>
 std::int32_t recompileKept(Record& record, ExpressionEngine& expressions) {
   dropPrograms(record);
