@@ -80,6 +80,7 @@ void RefreshSequence::measure() {
 
 void RefreshSequence::fillDecimals() {
   const auto dataSet = parts_.link.holdDataSet();
+  if (!dataSet) return;  // it has closed in the middle of an answer
   for (ColumnRecord& column : parts_.config.columns) {
     if (column.refColumnId.empty()) continue;
     std::int32_t scale = 0;

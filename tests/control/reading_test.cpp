@@ -86,7 +86,8 @@ class Reading : public ControlTest {
       u"<GRID><COLUMN id=\"a\" refcolid=\"A\"><HEADER left=\"0\" right=\"80\" top=\"0\" bottom=\"20\"/>"
       u"<VIEW left=\"0\" right=\"80\" top=\"0\" bottom=\"20\" color=\"@IIF(A>2,1,2)\"/></COLUMN>"
       u"<COLUMN id=\"b\" refcolid=\"B\"><HEADER left=\"80\" right=\"160\" top=\"0\" bottom=\"20\"/>"
-      u"<VIEW left=\"80\" right=\"160\" top=\"0\" bottom=\"20\" suppress=\"a\"/>"
+      u"<VIEW left=\"80\" right=\"160\" top=\"0\" bottom=\"20\"/>"
+      u"<SUPPRESS><REFCOLID>a</REFCOLID></SUPPRESS>"
       u"<CHILD type=\"lookup\" dataid=\"data\" code=\"B\" text=\"A\"/></COLUMN></GRID>";
 
   Reading() { window.surface = std::make_unique<RecordingCanvas>(Size{200, 120}); }
