@@ -35,12 +35,12 @@ bool DropListController::canOpen() const {
   if (!focus.CellMode || !focus.FocusRow || !focus.FocusColumn) return false;
   const CellKind kind = focus.FocusColumn->value().child.type;
   if (kind != CellKind::Combo && kind != CellKind::Lookup) return false;
-  return parts_.link.level(focus.FocusRow->row) <= 0;
+  return parts_.link.level(focus.FocusRow.number) <= 0;
 }
 
 bool DropListController::open() {
   if (!canOpen()) return false;
-  const std::int32_t row = parts_.focus.FocusRow->row;
+  const std::int32_t row = parts_.focus.FocusRow.number;
   const ColumnPosition position = parts_.focus.FocusColumn;
   ColumnRecord& column = position->value();
   parts_.eval.ExprRow = row;
@@ -49,7 +49,7 @@ bool DropListController::open() {
   Content content;
   if (!fill(column, row, content) || !watch.holds()) return false;
   showCell(column);
-  target_ = {column.id, row, position, services_.generation()};
+  target_ = {column.id, row, position, parts_.structure};
   show(column, std::move(content.items));
   if (!open_ || !parts_.editor.list) return false;
   parts_.editor.list->choose(content.chosen);
@@ -137,7 +137,7 @@ void DropListController::showCell(const ColumnRecord& column) {
 // Below the cell, or above it where the screen ends.
 Rect DropListController::placeFor(const ColumnRecord& column, std::int32_t itemCount) const {
   const GridFrame frame = parts_.frame();
-  const RowNode* const row = parts_.focus.FocusRow;
+  const Row row = parts_.focus.FocusRow;
   const Rect& view = column.view.rect;
   const std::int32_t rowTop =
       addClamped(frame.firstRowTop(), mulClamped(parts_.page.VisibleIndex(row), frame.rowHeight));
@@ -158,7 +158,7 @@ bool DropListController::close(bool accept) {
   if (!open_ || parts_.editor.listClosing) return true;
   if (accept) {
     XString code;
-    const bool stands = services_.generation() == target_.generation;
+    const bool stands = parts_.structure == target_.structure;
     const bool chosen = stands && chosenCode(code);
     if (stands && !chosen && target_.column->value().child.type == CellKind::Lookup) return false;
     parts_.editor.listClosing = true;
@@ -171,21 +171,13 @@ bool DropListController::close(bool accept) {
   return true;
 }
 
-void DropListController::rowInserted(std::int32_t row) {
-  if (open_ && row <= target_.row) ++target_.row;
-}
-
-void DropListController::rowDeleted(std::int32_t row) {
+void DropListController::renumber(const RowsChanged& change) {
   if (!open_) return;
-  if (row == target_.row) {
+  if (const Row row = change({target_.row})) {
+    target_.row = row.number;
+  } else {
     close(false);
-  } else if (row < target_.row) {
-    --target_.row;
   }
-}
-
-void DropListController::rowsCut(std::int32_t count) {
-  if (open_ && target_.row > count) close(false);
 }
 
 bool DropListController::chosenCode(XString& code) const {

@@ -43,9 +43,9 @@ void EditorController::escapeAction() {
 void EditorController::spaceAction() {
   FocusModel& focus = parts_.focus;
   if (!focus.CellMode || !focus.FocusRow || !focus.FocusColumn) return;
-  parts_.eval.ExprRow = focus.FocusRow->row;
+  parts_.eval.ExprRow = focus.FocusRow.number;
   if (!focus.FocusColumn->value().child.isEditable(parts_.eval)) return;
-  if (!toggleCheckByKey()) toggleNode(*focus.FocusRow);
+  if (!toggleCheckByKey()) toggleNode(focus.FocusRow);
 }
 
 // What reaches the grid while its box is open is meant for the box. A blank in a tree column has opened or
@@ -84,42 +84,42 @@ XString EditorController::editText() const {
 bool EditorController::toggleCheckByKey() {
   const ColumnRecord* const column = focusColumn();
   if (!column || column->child.type != CellKind::Check) return false;
-  flipCheck(parts_, *column, parts_.focus.FocusRow->row, checkedByKey);
+  flipCheck(parts_, *column, parts_.focus.FocusRow.number, checkedByKey);
   return true;
 }
 
 bool EditorController::setRadioByKey() {
   const ColumnRecord* const column = focusColumn();
   if (!column || column->child.type != CellKind::Radio) return false;
-  setRadio(parts_, services_, *column, parts_.focus.FocusRow->row);
+  setRadio(parts_, services_, *column, parts_.focus.FocusRow.number);
   return true;
 }
 
-bool EditorController::activateCell(std::int32_t x, std::int32_t y, ColumnPosition position, RowNode* row) {
+bool EditorController::activateCell(std::int32_t x, std::int32_t y, ColumnPosition position, Row row) {
   if (!position || !row || !position->value().viewVisible) return false;
   const ColumnRecord& column = position->value();
-  parts_.eval.ExprRow = row->row;
-  if (!column.child.isEditable(parts_.eval) || parts_.link.level(row->row) > 0) return false;
+  parts_.eval.ExprRow = row.number;
+  if (!column.child.isEditable(parts_.eval) || parts_.link.level(row.number) > 0) return false;
   const std::int32_t index = parts_.page.VisibleIndex(row);
   if (index < 0) return false;
   const Rect cell = cellRect(parts_.frame(), column, index);
-  if (markRect(column, cell).holds(x, y)) return pressMark(column, *row);
+  if (markRect(column, cell).holds(x, y)) return pressMark(column, row);
   const FocusModel& focus = parts_.focus;
   const bool isFocus = focus.CellMode && focus.FocusRow == row && focus.FocusColumn == position;
-  return isFocus && buttonRect(column, cell).holds(x, y) && pressPopup(column, *row);
+  return isFocus && buttonRect(column, cell).holds(x, y) && pressPopup(column, row);
 }
 
-bool EditorController::pressPopup(const ColumnRecord& column, RowNode& row) {
-  if (column.child.type == CellKind::Edit) return firePopup(XString(column.id), row.row, popupByButton);
+bool EditorController::pressPopup(const ColumnRecord& column, Row row) {
+  if (column.child.type == CellKind::Edit) return firePopup(XString(column.id), row.number, popupByButton);
   list_.open();
   return true;
 }
 
-bool EditorController::pressMark(const ColumnRecord& column, RowNode& row) {
+bool EditorController::pressMark(const ColumnRecord& column, Row row) {
   if (column.child.type == CellKind::Check) {
-    flipCheck(parts_, column, row.row, checkedByMouse);
+    flipCheck(parts_, column, row.number, checkedByMouse);
   } else {
-    setRadio(parts_, services_, column, row.row);
+    setRadio(parts_, services_, column, row.number);
   }
   return true;
 }

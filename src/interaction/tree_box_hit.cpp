@@ -4,7 +4,7 @@
 
 namespace tessera {
 
-bool hitsTreeBox(const TreeInfo& tree, const ColumnRecord& column, const Rect& cell, const RowNode& node,
+bool hitsTreeBox(const TreeInfo& tree, const ColumnRecord& column, const Rect& cell, const RowView& node,
                  Point at) {
   constexpr std::int32_t slack = 2;  // pixels around the box that count as the box
   if (tree.rowMode == RowMode::Plain || !column.hasTree || node.state == RowState::Leaf) return false;

@@ -11,7 +11,7 @@ namespace {
 std::u16string_view barTextOf(const PaintContext& context, const CellJob& job) {
   if (job.column.child.barText.empty()) return job.text;
   XValue& value = context.scratch.text.value;
-  context.model.link.valueByName(job.node.row, job.column.child.barText, value);
+  context.model.link.valueByName(job.row.row.number, job.column.child.barText, value);
   formatValue(job.column.view, value, context.model.eval, context.scratch.label);
   return context.scratch.label;
 }

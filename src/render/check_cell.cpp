@@ -17,7 +17,7 @@ struct MarkCell {
 std::u16string_view labelOf(const PaintContext& context, const CellJob& job, const XString& labelColumn) {
   if (labelColumn.empty()) return {};
   XValue& value = context.scratch.text.value;
-  context.model.link.valueByName(job.node.row, labelColumn, value);
+  context.model.link.valueByName(job.row.row.number, labelColumn, value);
   formatValue(job.column.view, value, context.model.eval, context.scratch.label);
   return context.scratch.label;
 }

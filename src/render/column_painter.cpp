@@ -21,9 +21,9 @@ class ColumnPainter {
         top_(addClamped(frame_.firstRowTop(), column.view.rect.top)) {}
 
   void paint() {
-    const std::vector<RowNode*>& page = context_.model.page.VisibleRows;
+    const std::vector<RowView>& page = context_.scratch.rows;
     for (std::size_t index = 0; index < page.size();) {
-      const std::int32_t rows = paintRow(*page[index], static_cast<std::int32_t>(page.size() - index));
+      const std::int32_t rows = paintRow(page[index], static_cast<std::int32_t>(page.size() - index));
       if (rows < 0) return;
       if (rows == 0) {
         ++index;
@@ -40,13 +40,13 @@ class ColumnPainter {
 
   // The rows of the page that the cell took: 0 for a row without a place, endOfColumn when no further row is
   // painted.
-  std::int32_t paintRow(const RowNode& node, std::int32_t rowsLeft) {
+  std::int32_t paintRow(const RowView& row, std::int32_t rowsLeft) {
     const bool spans = column_.child.type == CellKind::None && !isTree_;
-    const std::int32_t index = isTree_ && node.groupColumn != 0 ? node.groupColumn : columnIndex_;
+    const std::int32_t index = isTree_ && row.groupColumn != 0 ? row.groupColumn : columnIndex_;
     XString& text = context_.scratch.cellText;
-    const CellSpan span = CellTextAndSpan(context_.texts(), column_, node.row, index,
+    const CellSpan span = CellTextAndSpan(context_.texts(), column_, row.row.number, index,
                                           {frame_.rowHeight, spans ? rowsLeft : 1}, text);
-    CellJob job{column_, node, rowRect(), clipLeft_, text, ground_};
+    CellJob job{column_, row, rowRect(), clipLeft_, text, ground_};
     if (isTree_) {
       paintTreeCell(context_, job, span.level);
       return 1;

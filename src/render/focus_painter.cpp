@@ -48,7 +48,7 @@ class FocusPainter {
     const std::int32_t width = rowWidth();
     const std::int32_t borderStyle =
         model_.config.columns.empty() ? border::none : model_.config.columns.tail()->value().view.borderStyle;
-    const std::vector<RowNode*>& page = model_.page.VisibleRows;
+    const std::vector<Row>& page = model_.page.VisibleRows;
     for (std::size_t index = 0; index < page.size(); ++index) {
       if (!context_.scratch.selected[index]) continue;
       const Rect row = rowRect(static_cast<std::int32_t>(index), width);
@@ -63,7 +63,7 @@ class FocusPainter {
     if (!model_.focus.FocusRow || !model_.focus.FocusColumn) return;
     const ColumnRecord& column = model_.focus.FocusColumn->value();
     // What is painted next begins with the last row of the page, whatever has the focus.
-    const std::int32_t lastRow = std::exchange(model_.eval.ExprRow, model_.focus.FocusRow->row);
+    const std::int32_t lastRow = std::exchange(model_.eval.ExprRow, model_.focus.FocusRow.number);
     tintHeader(column);
     const bool inView = paintFocusCell(column);
     model_.eval.ExprRow = lastRow;
@@ -149,14 +149,14 @@ class FocusPainter {
     place.bottom = subClamped(place.bottom, 1);
     if (column.hasTree && model_.config.tree.rowMode != RowMode::Plain) {
       const TreeLayout layout(model_.config.tree, column.view.leftMargin);
-      place.left = addClamped(place.left, layout.textLeft(*model_.focus.FocusRow, true));
+      place.left = addClamped(place.left, layout.textLeft(model_.rows.view(model_.focus.FocusRow), true));
     }
     return place;
   }
 
   // The button at the right of the cell takes its width from the cell.
   void decorate(const ColumnRecord& column, Rect& cell) const {
-    if (model_.link.level(model_.focus.FocusRow->row) > 0) return;
+    if (model_.link.level(model_.focus.FocusRow.number) > 0) return;
     const ChildSpec& child = column.child;
     if (child.type == CellKind::Edit && child.subType != EditKind::Plain) {
       drawButton(Glyph::PopupButton, cell);

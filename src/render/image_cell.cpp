@@ -4,7 +4,7 @@ namespace tessera {
 
 bool paintImageCell(const PaintContext& context, const CellJob& job) {
   XValue& key = context.scratch.text.value;
-  context.model.link.valueByName(job.node.row, job.column.refColumnId, key);
+  context.model.link.valueByName(job.row.row.number, job.column.refColumnId, key);
   if (key.type() != VT_BSTR) return false;
   const BitmapRef picture = context.model.images.FindImage(key.asText());
   DrawStyle style(job.column.view);

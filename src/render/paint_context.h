@@ -19,6 +19,7 @@ struct PaintScratch {
   XString cellText;
   XString label;                    // a second text of the same cell
   std::u16string mask;              // of a password
+  std::vector<RowView> rows;        // of the page
   std::vector<bool> selected;       // row mode, one for each row of the page: stands in SelectedRows
   std::unique_ptr<Canvas> surface;  // as large as the canvas
 };
@@ -41,7 +42,7 @@ struct PaintContext {
 // One cell of a data row on its way to its painter.
 struct CellJob {
   const ColumnRecord& column;
-  const RowNode& node;
+  const RowView& row;
   Rect rect;
   std::int32_t clipLeft = 0;
   std::u16string_view text;

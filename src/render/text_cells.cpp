@@ -5,7 +5,7 @@ namespace {
 
 bool isFocusCell(const PaintContext& context, const CellJob& job) {
   const FocusModel& focus = context.model.focus;
-  return focus.FocusColumn && focus.FocusRow == &job.node && focus.FocusColumn->value().id == job.column.id;
+  return focus.FocusColumn && focus.FocusRow == job.row.row && focus.FocusColumn->value().id == job.column.id;
 }
 
 void paintTextCell(const PaintContext& context, const CellJob& job, bool hasButton) {

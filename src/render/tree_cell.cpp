@@ -33,12 +33,6 @@ class LinePen {
   std::int32_t clipLeft_;
 };
 
-bool hasNextSibling(RowTree& rows, const RowNode& node) {
-  const RowNode* next = rows.NextRow(&node);
-  while (next && next->level > node.level) next = rows.NextRow(next);
-  return next && next->parent == node.parent;
-}
-
 // The lines and the box of one row.
 class TreeDrawer {
  public:
@@ -48,14 +42,14 @@ class TreeDrawer {
         layout_(layout),
         tree_(layout.tree),
         pen_(context.canvas, job.clipLeft),
-        level_(job.node.level),
+        level_(job.row.level),
         x_(addClamped(job.rect.left, layout.lineX(level_))),
         middle_(addClamped(job.rect.top, job.rect.height() / 2)) {}
 
   // `textHeight` is the height of the row's text; only an expanded row asks for it.
   void draw(std::int32_t textHeight) const {
     if (tree_.hasLine) drawAncestorLines();
-    if (job_.node.state != RowState::Leaf) {
+    if (job_.row.state != RowState::Leaf) {
       drawBoxWithLines(textHeight);
     } else if (tree_.hasLine) {
       drawLeafLines();
@@ -63,22 +57,20 @@ class TreeDrawer {
   }
 
  private:
-  bool isVeryFirst() const { return context_.model.rows.first() == &job_.node; }
-  bool hasSiblingBelow() const { return hasNextSibling(context_.model.rows, job_.node); }
+  bool hasSiblingBelow() const { return job_.row.hasSiblingBelow(level_); }
 
   void drawAncestorLines() const {
-    const RowNode* ancestor = job_.node.parent;
     const std::int32_t canvasRight = context_.canvas.size().width;
-    for (std::int32_t level = level_ - 1; level >= 1 && ancestor; --level, ancestor = ancestor->parent) {
+    for (std::int32_t level = level_ - 1; level >= 1; --level) {
       const std::int32_t x = addClamped(job_.rect.left, layout_.lineX(level));
-      if (x >= canvasRight || !hasNextSibling(context_.model.rows, *ancestor)) continue;
+      if (x >= canvasRight || !job_.row.hasSiblingBelow(level)) continue;
       pen_.vertical(x, job_.rect.top, job_.rect.bottom, gray);
     }
   }
 
   void drawLeafLines() const {
     pen_.horizontal(x_, addClamped(x_, tree_.indentWidth), middle_, gray);
-    if (isVeryFirst()) {
+    if (job_.row.isFirst) {
       pen_.vertical(x_, middle_, job_.rect.bottom, gray);
     } else {
       pen_.vertical(x_, job_.rect.top, hasSiblingBelow() ? job_.rect.bottom : middle_, gray);
@@ -94,7 +86,7 @@ class TreeDrawer {
 
   void drawBoxWithLines(std::int32_t textHeight) const {
     const Rect box = boxRect();
-    if (tree_.hasLine && !isVeryFirst()) pen_.vertical(x_, job_.rect.top, box.top, gray);
+    if (tree_.hasLine && !job_.row.isFirst) pen_.vertical(x_, job_.rect.top, box.top, gray);
     drawBox(box);
     if (tree_.hasLine) drawLinesOfBox(box, textHeight);
   }
@@ -106,14 +98,14 @@ class TreeDrawer {
     pen_.horizontal(box.left, addClamped(box.right, 1), box.bottom, gray);
     pen_.vertical(box.left, box.top, box.bottom, gray);
     pen_.horizontal(addClamped(box.left, 2), subClamped(box.right, 1), middle_, black);
-    if (job_.node.state == RowState::Collapsed) {
+    if (job_.row.state == RowState::Collapsed) {
       pen_.vertical(x_, addClamped(box.top, 2), subClamped(box.bottom, 1), black);
     }
   }
 
   void drawLinesOfBox(const Rect& box, std::int32_t textHeight) const {
-    if (job_.node.state == RowState::Expanded) {
-      const std::int32_t height = layout_.hasIcon(job_.node.state) ? tree_.iconSize : textHeight;
+    if (job_.row.state == RowState::Expanded) {
+      const std::int32_t height = layout_.hasIcon(job_.row.state) ? tree_.iconSize : textHeight;
       pen_.vertical(childLineX(), addClamped(middle_, height / 2 + 2), job_.rect.bottom, gray);
     }
     pen_.horizontal(box.right, addClamped(box.right, tree_.indentWidth), middle_, gray);
@@ -154,11 +146,11 @@ void paintTreeCell(const PaintContext& context, const CellJob& job, std::int32_t
   const CellStyle* record = styleOfLevel(job.column, level);
   if (record) {
     DrawStyle style(*record);
-    style.leftMargin = layout.textLeft(job.node, level == 0);
+    style.leftMargin = layout.textLeft(job.row, level == 0);
     drawCell(context.target(), style, job.rect, job.text, job.clipLeft);
   }
   if (job.rect.empty() || job.rect.right <= job.clipLeft) return;
-  const bool hasChildLine = job.node.state == RowState::Expanded;
+  const bool hasChildLine = job.row.state == RowState::Expanded;
   const CellStyle& measured = record ? *record : job.column.view;
   TreeDrawer(context, job, layout).draw(hasChildLine ? textHeightOf(context, measured, job.text) : 0);
 }

@@ -13,7 +13,7 @@ bool TreeLayout::hasIcon(RowState state) const {
   return !(state == RowState::Expanded ? tree.imageEColumn : tree.imageCColumn).empty();
 }
 
-std::int32_t TreeLayout::textLeft(const RowNode& node, bool dataRow) const {
+std::int32_t TreeLayout::textLeft(const RowView& node, bool dataRow) const {
   std::int64_t left = hasIcon(node.state) ? tree.iconSize : 0;
   left += static_cast<std::int64_t>(subClamped(node.level, 1)) * step + 2 * static_cast<std::int64_t>(margin);
   left += static_cast<std::int64_t>(tree.indentWidth) + tree.thumbSize;

@@ -5,7 +5,7 @@
 #include <cstdint>
 
 #include "config/tree_info.h"
-#include "rows/row_node.h"
+#include "rows/row_view.h"
 #include "shared/rect.h"
 
 namespace tessera {
@@ -17,7 +17,7 @@ struct TreeLayout {
   TreeLayout(const TreeInfo& tree, std::int32_t margin);
 
   // The left margin of the node's text: a leaf, which has no box, starts half a box earlier.
-  std::int32_t textLeft(const RowNode& node, bool dataRow) const;
+  std::int32_t textLeft(const RowView& node, bool dataRow) const;
   // The line of a level, from 1: it runs through the middle of the level's boxes.
   std::int32_t lineX(std::int32_t level) const;
   bool hasIcon(RowState state) const;

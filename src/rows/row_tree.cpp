@@ -4,28 +4,19 @@
 
 namespace tessera {
 
-void RowTree::reset() {
-  root_ = RowNode{};
-  root_.state = RowState::Expanded;
-  pages_.clear();
-  displayCount_ = 0;
+void RowTree::buildPlain(std::int32_t count) { rowCount_ = std::max(count, 0); }
+
+Row RowTree::find(std::int32_t number) const {
+  return number >= 1 && number <= rowCount_ ? Row{number} : noRow;
 }
 
-void RowTree::buildPlain(std::int32_t count) {
-  reset();
-  displayCount_ = std::max(count, 0);
+RowView RowTree::view(Row row) const {
+  return {.row = row, .goesOn = row.number < rowCount_ ? 1U : 0U, .isFirst = row.number == 1};
 }
 
-void RowTree::setPlainCount(std::int32_t count) { displayCount_ = std::max(count, 0); }
-
-RowNode* RowTree::find(std::int32_t row) {
-  return row >= 1 && row <= displayCount_ ? pages_.node(row, &root_) : nullptr;
+void RowTree::view(std::span<const Row> page, std::vector<RowView>& views) const {
+  views.resize(page.size());
+  std::transform(page.begin(), page.end(), views.begin(), [this](Row row) { return view(row); });
 }
-
-RowNode* RowTree::NextRow(const RowNode* node) {
-  return node && node->row < displayCount_ ? find(node->row + 1) : nullptr;
-}
-
-RowNode* RowTree::PreviousRow(const RowNode* node) { return node ? find(node->row - 1) : nullptr; }
 
 }  // namespace tessera

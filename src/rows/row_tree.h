@@ -3,51 +3,48 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
+#include <vector>
 
-#include "rows/row_node.h"
-#include "rows/row_pages.h"
+#include "rows/row_view.h"
 
 namespace tessera {
 
-// Three row numbers must not be mixed: the dataset row (RowNode::row), the ordinal among displayable nodes
-// (1-based, what scroll bars count) and the index among the rows on the page. In a plain grid every row is a
-// child of the root and its ordinal is its number, so all questions are answered by arithmetic.
+// Three numbers must not be mixed: the dataset row (Row), the ordinal among displayable rows (1-based, what
+// scroll bars count) and the index among the rows on the page. Nothing is kept for a row of a plain grid: its
+// ordinal is its number. All questions are const and may be asked by a second thread while nobody changes the
+// tree.
 class RowTree {
  public:
-  RowTree() { reset(); }
-  RowTree(const RowTree&) = delete;
-  RowTree& operator=(const RowTree&) = delete;
-
-  // A fresh root, state expanded, and no rows.
-  void reset();
-  // Rows 1 to `count`. Costs nothing a row.
+  // Rows 1 to `count`.
   void buildPlain(std::int32_t count);
-  // A plain tree grows or shrinks at its end; numbers stay dense. Nodes behind the end keep their address,
-  // but no walk or search meets them any more.
-  void setPlainCount(std::int32_t count);
+  // A plain tree grows or shrinks at its end; numbers stay dense.
+  void setPlainCount(std::int32_t count) { buildPlain(count); }
 
-  // The node of a dataset row, null when the tree has none.
-  RowNode* find(std::int32_t row);
-  // The neighbours among displayable nodes, null at the ends.
-  RowNode* NextRow(const RowNode* node);
-  RowNode* PreviousRow(const RowNode* node);
-  RowNode* first() { return find(1); }
-  RowNode* lastDisplayable() { return find(displayCount_); }
-  // The place of a displayable node among all of them, from 1.
-  std::int32_t ordinal(const RowNode* node) const { return RowNumber(node); }
-  // The displayable node at an ordinal, null when out of range.
-  RowNode* nth(std::int32_t ordinal) { return find(ordinal); }
+  // How many rows of the data set have a place here, and how many of them are displayable.
+  std::int32_t rowCount() const { return rowCount_; }
+  std::int32_t displayCount() const { return rowCount_; }
+  bool empty() const { return displayCount() == 0; }
+
+  // noRow for a number that has no place here.
+  Row find(std::int32_t number) const;
+  // The neighbours among displayable rows, noRow at the ends.
+  Row NextRow(Row row) const { return row ? find(row.number + 1) : noRow; }
+  Row PreviousRow(Row row) const { return row ? find(row.number - 1) : noRow; }
+  Row first() const { return find(1); }
+  Row lastDisplayable() const { return find(rowCount_); }
+  // The place of a row among the displayable ones, from 1.
+  std::int32_t ordinal(Row row) const { return row.number; }
+  // The displayable row at an ordinal, noRow when out of range.
+  Row nth(std::int32_t ordinal) const { return find(ordinal); }
   // Whether `a` stands before `b` in the order of the tree.
-  bool isBefore(const RowNode* a, const RowNode* b) const { return a->row < b->row; }
-
-  bool empty() const { return displayCount_ == 0; }
-  std::int32_t displayCount() const { return displayCount_; }
-  std::size_t nodePages() const { return pages_.pageCount(); }
+  bool isBefore(Row a, Row b) const { return a.number < b.number; }
+  RowView view(Row row) const;
+  // The views of rows that follow each other on a page.
+  void view(std::span<const Row> page, std::vector<RowView>& views) const;
 
  private:
-  RowNode root_;
-  RowPages pages_;
-  std::int32_t displayCount_ = 0;
+  std::int32_t rowCount_ = 0;
 };
 
 }  // namespace tessera
