@@ -73,6 +73,7 @@ void RefreshSequence::measure() {
   metrics.indicatorShift = 0;
   parts_.makeRoomForIndicator();
   metrics.buildLineTops(columns);
+  parts_.focus.CurrentLine = 0;
   metrics.closeFixedZone(columns);
 }
 

@@ -14,6 +14,7 @@ enum class FocusState : std::int32_t { Outside = 1, Grid = 2, Editor = 3, List =
 struct FocusModel {
   bool CellMode = true;                    // one cell has the focus; false: whole rows are selected
   std::int32_t FocusLeft = 0;              // left edge of the focus cell's view
+  std::int32_t CurrentLine = 0;            // index of the focus cell's line in GridMetrics::LineTops
   Row FocusRow;                            // row of the focus cell
   ColumnPosition FocusColumn = nullptr;    // column of the focus cell; null in row mode
   XString FocusColumnName;                 // dataset column to find the focus column again by

@@ -24,7 +24,7 @@ void PageLoader::takeColumn(bool keepColumn) {
   ColumnPosition column = nullptr;
   if (keepColumn || !focus.FocusColumnName.empty()) column = namedColumn();
   if (!column) {
-    metrics.CurrentLine = 0;
+    focus.CurrentLine = 0;
     column = leftmostOfFirstLine();
   }
   if (column) focusOn(column);
@@ -44,7 +44,7 @@ void PageLoader::rebuildSelectedRows() {
 void PageLoader::focusOn(ColumnPosition column) {
   focus.FocusColumn = column;
   focus.followColumn();
-  metrics.CurrentLine = metrics.lineAt(column->value().view.rect.top);
+  focus.CurrentLine = metrics.lineAt(column->value().view.rect.top);
   ColumnScroll{columns, page, focus, frame}.EnsureColumnVisible(column->value());
   page.EnsureRowVisible(rows, frame.rowCapacity(), focus.FocusRow);
 }

@@ -28,7 +28,7 @@ ColumnPosition visibleColumn(ColumnList& columns, const XString& id) {
 Cell FocusController::focusCell() const {
   const FocusModel& focus = parts_.focus;
   if (!focus.CellMode) return {};
-  return {focus.FocusRow, focus.FocusColumn, parts_.metrics.CurrentLine};
+  return {focus.FocusRow, focus.FocusColumn, parts_.focus.CurrentLine};
 }
 
 bool FocusController::ask(const XString& colid, std::int32_t row) {
@@ -102,7 +102,7 @@ void FocusController::storeFocus(const Cell& cell) {
   FocusModel& focus = parts_.focus;
   focus.FocusRow = cell.row;
   focus.FocusColumn = cell.column;
-  parts_.metrics.CurrentLine = cell.line;
+  parts_.focus.CurrentLine = cell.line;
   followColumn();
 }
 
@@ -118,36 +118,66 @@ std::optional<MoveResult> FocusController::refusal(const XString& colid, std::in
   return whatStays();
 }
 
-MoveResult FocusController::moveTo(Cell target, const MoveStyle& style) {
+// `store` changes flags and focus and shows the target; false when the grid is another one meanwhile.
+template <class Store>
+MoveResult FocusController::move(const XString& colid, Row row, Store store) {
   const GridWatch watch(parts_, services_);
-  const XString id = target.column->value().id;
-  if (const auto refused = refusal(id, target.row.number)) return *refused;
-  if (!parts_.focus.CellMode) return MoveResult::Gone;
-  scrollPage(style.scrollRows);
-  if (!markFocusRow(target.row)) return MoveResult::Gone;
-  storeFocus(target);
+  if (const auto refused = refusal(colid, row.number)) return *refused;
+  if (!store()) return MoveResult::Gone;
   syncCurrentRow();
   if (!watch.holds()) return MoveResult::Gone;
-  if (style.showCell) {
-    showColumn(target.column);
-    showRow(target.row, style.onTop);
-  }
-  if (style.setInput) applyImeMode();
-  fireChanged(id, target.row.number);
+  fireChanged(colid, row.number);
   return MoveResult::Moved;
 }
 
+MoveResult FocusController::moveTo(const Cell& target, const MoveStyle& style) {
+  return move(XString(target.column->value().id), target.row, [&] {
+    if (!parts_.focus.CellMode) return false;
+    scrollPage(style.scrollRows);
+    if (!markFocusRow(target.row)) return false;
+    storeFocus(target);
+    if (style.showCell) {
+      showColumn(target.column);
+      showRow(target.row, style.onTop);
+    }
+    if (style.setInput) applyImeMode();
+    return true;
+  });
+}
+
 MoveResult FocusController::selectRow(Row target, const MoveStyle& style) {
-  const GridWatch watch(parts_, services_);
-  if (const auto refused = refusal(noColumn, target.number)) return *refused;
-  if (parts_.focus.CellMode) return MoveResult::Gone;
-  scrollPage(style.scrollRows);
-  if (!selection().selectOnly(target)) return MoveResult::Gone;
-  showRow(target, style.onTop);
-  syncCurrentRow();
-  if (!watch.holds()) return MoveResult::Gone;
-  fireChanged(noColumn, target.number);
-  return MoveResult::Moved;
+  return move(noColumn, target, [&] {
+    if (parts_.focus.CellMode) return false;
+    scrollPage(style.scrollRows);
+    if (!selection().selectOnly(target)) return false;
+    showRow(target, style.onTop);
+    return true;
+  });
+}
+
+// The focus column, which need not be there, stays.
+MoveResult FocusController::focusRow(Row target) {
+  return move(XString(idOf(parts_.focus.FocusColumn)), target, [&] {
+    if (!parts_.focus.CellMode || !markFocusRow(target)) return false;
+    parts_.focus.FocusRow = target;
+    showRow(target, false);
+    return true;
+  });
+}
+
+// In the mode that goes with it: cell mode with a column, row mode without.
+MoveResult FocusController::takeColumn(ColumnPosition column, Row row) {
+  return move(XString(idOf(column)), row, [&] {
+    if (!selection().markOnly(row)) return false;
+    parts_.focus.SelectedRows.clear();
+    parts_.focus.FocusRow = row;
+    if (column) {
+      toCellMode(column);
+    } else {
+      toRowMode();
+    }
+    return true;
+  });
 }
 
 void FocusController::setRowPosition(std::int32_t row) {
@@ -159,20 +189,6 @@ void FocusController::setRowPosition(std::int32_t row) {
   if (result == MoveResult::Moved) services_.Repaint(nullptr);
 }
 
-// The focus column, which need not be there, stays.
-MoveResult FocusController::focusRow(Row target) {
-  const GridWatch watch(parts_, services_);
-  const XString id = idOf(parts_.focus.FocusColumn);
-  if (const auto refused = refusal(id, target.number)) return *refused;
-  if (!parts_.focus.CellMode || !markFocusRow(target)) return MoveResult::Gone;
-  parts_.focus.FocusRow = target;
-  showRow(target, false);
-  syncCurrentRow();
-  if (!watch.holds()) return MoveResult::Gone;
-  fireChanged(id, target.number);
-  return MoveResult::Moved;
-}
-
 // The empty id leads to row mode.
 void FocusController::setColumnPosition(const XString& id) {
   if (!parts_.link.dataSet()) return;
@@ -180,21 +196,7 @@ void FocusController::setColumnPosition(const XString& id) {
   const Row row = focus.currentRow();
   const ColumnPosition column = id.empty() ? nullptr : visibleColumn(parts_.config.columns, id);
   if (!row || (id.empty() ? !focus.CellMode : !column)) return;
-  takeRow(column, row);
-}
-
-void FocusController::takeRow(ColumnPosition column, Row row) {
-  const XString id = idOf(column);
-  if (refusal(id, row.number) || !selection().markOnly(row)) return;
-  parts_.focus.SelectedRows.clear();
-  parts_.focus.FocusRow = row;
-  if (column) {
-    toCellMode(column);
-  } else {
-    toRowMode();
-  }
-  fireChanged(id, row.number);
-  services_.Repaint(nullptr);
+  if (takeColumn(column, row) == MoveResult::Moved) services_.Repaint(nullptr);
 }
 
 void FocusController::toCellMode(ColumnPosition column) {
@@ -247,7 +249,7 @@ void FocusController::pressCell(Row row, ColumnPosition column) {
   focus.SelectedRows.clear();
   focus.CellMode = true;
   const CellSteps steps(parts_.config.columns, parts_.metrics, parts_.rows);
-  Cell cell{row, focus.FocusColumn, parts_.metrics.CurrentLine};
+  Cell cell{row, focus.FocusColumn, parts_.focus.CurrentLine};
   if (!column && !cell.column) column = steps.home(0);
   if (column) cell = {row, column, parts_.metrics.lineAt(column->value().view.rect.top)};
   storeFocus(cell);

@@ -58,7 +58,7 @@ class FocusController {
   // The focus cell; without row or column in row mode and while there is none.
   Cell focusCell() const;
   // The callers repaint.
-  MoveResult moveTo(Cell target, const MoveStyle& style = {});
+  MoveResult moveTo(const Cell& target, const MoveStyle& style = {});
   // Row mode: `target` becomes the only selected row.
   MoveResult selectRow(Row target, const MoveStyle& style = {});
   // Scrolls sideways as far as it goes; FocusLeft follows. The result is how far the columns went to the
@@ -78,10 +78,12 @@ class FocusController {
   void showColumn(ColumnPosition column);
   void followColumn();
 
+  template <class Store>
+  MoveResult move(const XString& colid, Row row, Store store);
   MoveResult focusRow(Row target);
   void toCellMode(ColumnPosition column);
   void toRowMode();
-  void takeRow(ColumnPosition column, Row row);
+  MoveResult takeColumn(ColumnPosition column, Row row);
   void pressIndicator(Row row, Modifiers modifiers);
   void pressCell(Row row, ColumnPosition column);
   RowSelection selection() const { return {parts_, services_}; }
