@@ -66,6 +66,12 @@ bool DataLink::keepDeleted() const {
   return flag != VARIANT_FALSE;
 }
 
+XString DataLink::subsumExpr() const {
+  XString text;
+  ask([&](DataSetControl& dataSet) { dataSet.GetSubsumExpr(text); });
+  return text;
+}
+
 void DataLink::setRowSelected(std::int32_t row, bool selected) {
   ask([&](DataSetControl& dataSet) { dataSet.SetRowSelected(row, selected ? 1 : 0); });
 }

@@ -41,6 +41,7 @@ class DataLink {
   bool rowSelected(std::int32_t row) const;        // false
   std::int32_t sysStatus(std::int32_t row) const;  // rowNormal
   bool keepDeleted() const;                        // false
+  XString subsumExpr() const;                      // empty
   void setRowSelected(std::int32_t row, bool selected);
   void value(std::int32_t row, std::int32_t column, XValue& result) const;        // VT_EMPTY
   void valueByName(std::int32_t row, const XString& name, XValue& result) const;  // VT_EMPTY

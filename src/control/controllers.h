@@ -9,11 +9,13 @@
 #include "interaction/key_filter.h"
 #include "interaction/menu_controller.h"
 #include "interaction/mouse_controller.h"
+#include "interaction/row_toggle.h"
 #include "interaction/scroll_messages.h"
 
 namespace tessera {
 
-// The edit box hands its own keys to the keyboard dispatch of the grid's window: the one tie that goes back.
+// The edit box hands its own keys to the keyboard dispatch of the grid's window, and rows that are
+// pressed to the toggling of trees: the ties that go back.
 struct Controllers {
   Controllers(GridParts& parts, GridServices& services, InfoServices& info)
       : editors(parts, services, info),
@@ -22,7 +24,9 @@ struct Controllers {
         keyFilter(parts, services, focus, editors, blocks),
         mouse(parts, services, focus, editors, gestures),
         scroll(parts, services, editors),
-        menu(parts, services) {
+        menu(parts, services),
+        rowToggle(parts, services, editors) {
+    editors.setNodeTarget([this](Row row) { rowToggle.ToggleNode(row); });
     editors.setKeyTarget([this](std::int32_t key) { keys.keyDown(key); });
   }
   Controllers(const Controllers&) = delete;
@@ -37,6 +41,7 @@ struct Controllers {
   MouseController mouse;
   ScrollController scroll;
   MenuController menu;
+  RowToggle rowToggle;
 };
 
 }  // namespace tessera

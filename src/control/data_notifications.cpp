@@ -35,22 +35,52 @@ HResult DataNotifications::DataChanged(std::int32_t, std::int32_t) {
 
 HResult DataNotifications::RowsAdded(std::int32_t, std::int32_t rowCount) {
   if (!mayChange()) return S_OK;
+  switch (parts_.config.tree.rowMode) {
+    case RowMode::Plain:
+      addPlainRows(rowCount);
+      break;
+    case RowMode::Tree:
+      addTreeRows(rowCount);
+      break;
+    case RowMode::Group:
+      break;
+  }
+  return S_OK;
+}
+
+void DataNotifications::addPlainRows(std::int32_t rowCount) {
   const bool fewer = rowCount < parts_.rows.rowCount();
   parts_.rows.setPlainCount(rowCount);
   if (fewer) cutRows(rowCount);
-  if (!parts_.window) return S_OK;
-  if (!parts_.page.VisibleRows.empty()) {
-    parts_.updateBars(bar_bit::vertical);
-    SetBarPositions(parts_.page, *parts_.window);
-    if (fewer) services_.Repaint(nullptr);
-    return S_OK;
+  if (!parts_.window) return;
+  if (parts_.page.VisibleRows.empty()) return loadPage();
+  showCount();
+  if (fewer) services_.Repaint(nullptr);
+}
+
+// The page stays as it is: what came stands behind it.
+void DataNotifications::addTreeRows(std::int32_t rowCount) {
+  const ReadingScope reading(parts_, services_);
+  if (parts_.rows.isPlain() || parts_.rows.rowCount() == 0) {
+    BuildRows(parts_, services_);
+    return loadPage();
   }
+  const auto error = parts_.rowBuilder().continueTree(rowCount);
+  showCount();
+  if (error) services_.ReportError(*error);
+}
+
+void DataNotifications::showCount() {
+  parts_.updateBars(bar_bit::vertical);
+  if (parts_.window) SetBarPositions(parts_.page, *parts_.window);
+}
+
+void DataNotifications::loadPage() {
   const ReadingScope reading(parts_, services_);
   const GridFrame frame = parts_.frame();
   parts_.loader(frame).LoadVisibleRows(true);
   parts_.updateBars(bar_bit::vertical);
   services_.Repaint(nullptr);
-  return S_OK;
 }
 
 // What stood on the rows behind the end goes to the last row that is left.
@@ -82,6 +112,7 @@ HResult DataNotifications::CurrentRowChanged(std::int32_t cookie, std::int32_t r
   if (!current) {
     if (!selection().follow(noRow) || !ownCall) return S_OK;
   } else {
+    parts_.rows.expandAncestors(current);
     if (!takeCurrentRow(current, ownCall)) return S_OK;
     parts_.page.bringCurrent(parts_.rows, parts_.frame().rowCapacity(), current);
     needColumn();
@@ -125,7 +156,7 @@ HResult DataNotifications::RowsReset(std::int32_t) {
   editors_.forgetRows();
   if (!parts_.window) return S_OK;
   const ReadingScope reading(parts_, services_);
-  BuildRows(parts_);
+  BuildRows(parts_, services_);
   parts_.updateBars(bar_bit::both);
   const GridFrame frame = parts_.frame();
   parts_.loader(frame).LoadVisibleRows(true);
@@ -135,8 +166,8 @@ HResult DataNotifications::RowsReset(std::int32_t) {
 
 HResult DataNotifications::Reserved(std::int32_t, std::int32_t) { return S_OK; }
 
-// The row's place lies in the dataset alone: the tree grows or shrinks at its end. What is open and what is
-// selected goes on under the rows' new numbers.
+// The row's place lies in the dataset alone: a plain tree grows or shrinks at its end. What is open and what
+// is selected goes on under the rows' new numbers.
 void DataNotifications::changeRowCount(std::int32_t row, std::int32_t delta) {
   const bool isAppended = delta > 0 && row > parts_.rows.rowCount();
   parts_.rows.setPlainCount(addClamped(parts_.rows.rowCount(), delta));
@@ -176,8 +207,10 @@ void DataNotifications::followCurrentRow() {
 
 HResult DataNotifications::RowInserted(std::int32_t, std::int32_t row) {
   if (!listening()) return S_OK;
-  changeRowCount(row, 1);
-  if (settleRows()) followCurrentRow();
+  if (isPlain()) {
+    changeRowCount(row, 1);
+    if (settleRows()) followCurrentRow();
+  }
   services_.Repaint(nullptr);
   return S_OK;
 }
@@ -185,7 +218,8 @@ HResult DataNotifications::RowInserted(std::int32_t, std::int32_t row) {
 // A row that is kept changes nothing but its look. In row mode the data set's flags tell what is selected.
 HResult DataNotifications::RowDeleted(std::int32_t, std::int32_t row) {
   if (!listening()) return S_OK;
-  const bool gone = !parts_.link.keepDeleted() || parts_.link.rowCount() != parts_.rows.rowCount();
+  const bool gone =
+      isPlain() && (!parts_.link.keepDeleted() || parts_.link.rowCount() != parts_.rows.rowCount());
   if (gone) changeRowCount(row, -1);
   if (gone && settleRows()) {
     const GridFrame frame = parts_.frame();

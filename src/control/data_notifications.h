@@ -44,6 +44,11 @@ class DataNotifications : public DataClient, public ImageClient {
   void clearSortMarks();
   RowSelection selection() const { return {parts_, services_}; }
   void changeRowCount(std::int32_t row, std::int32_t delta);
+  bool isPlain() const { return parts_.config.tree.rowMode == RowMode::Plain; }
+  void addPlainRows(std::int32_t rowCount);
+  void addTreeRows(std::int32_t rowCount);
+  void showCount();
+  void loadPage();
   void cutRows(std::int32_t count);
   void renumber(const RowsChanged& change);
   // Ends an edit; false while rows are still to come or to go, or without a window.

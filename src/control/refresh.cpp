@@ -20,7 +20,7 @@ void RefreshSequence::run() {
   applyBackgroundFlags(parts_.config);
   handOutSortMarks();
   parts_.images.ReloadImages(parts_.config.columns, parts_.link);
-  BuildRows(parts_);
+  BuildRows(parts_, services_);
   show();
 }
 
@@ -112,12 +112,16 @@ void RefreshSequence::show() {
   services_.Repaint(nullptr);
 }
 
-void BuildRows(GridParts& parts) {
+void BuildRows(GridParts& parts, GridServices& services) {
   ++parts.numbering;
   parts.focus.FocusRow = noRow;
   parts.focus.SelectedRows.clear();
   parts.page.clear();
-  parts.rows.buildPlain(parts.link.rowCount());
+  const auto error = parts.rowBuilder().build();
+  if (parts.config.tree.rowMode == RowMode::Group && !error && !parts.config.tree.expand) {
+    if (const Row first = parts.rows.first()) parts.link.syncCurrentRow(first.number);
+  }
+  if (error) services.ReportError(*error);
 }
 
 }  // namespace tessera

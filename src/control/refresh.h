@@ -53,7 +53,8 @@ std::int32_t recompileKept(Record& record, ExpressionEngine& expressions) {
                                  [&expressions](const XString& text) { return expressions.compile(text); });
 }
 
-// One RowTree for the present arrangement of the rows; the page and the focus hold none of them.
-void BuildRows(GridParts& parts);
+// One RowTree for the present arrangement of the rows; the page and the focus hold none of them. What is
+// wrong with the arrangement is reported at the end. What must hold: the grid is being read.
+void BuildRows(GridParts& parts, GridServices& services);
 
 }  // namespace tessera

@@ -47,6 +47,26 @@ HResult Tessera::ActivateEdit() {
   return S_OK;
 }
 
+HResult Tessera::Expand(std::int32_t row) {
+  controllers_.rowToggle.expand(row);
+  return S_OK;
+}
+
+HResult Tessera::ExpandAll() {
+  controllers_.rowToggle.expandAll();
+  return S_OK;
+}
+
+HResult Tessera::Collapse(std::int32_t row) {
+  controllers_.rowToggle.collapse(row);
+  return S_OK;
+}
+
+HResult Tessera::CollapseAll() {
+  controllers_.rowToggle.collapseAll();
+  return S_OK;
+}
+
 HResult Tessera::FitArrange() {
   fitArrange(parts_, *this);
   return S_OK;

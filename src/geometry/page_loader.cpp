@@ -9,7 +9,11 @@ void PageLoader::LoadVisibleRows(bool keepColumn) {
   if (!link.dataSet() || link.rowCount() < 1 || columns.empty()) return;
   const std::int32_t current = link.currentRow();
   const Row start = rows.find(current == 0 ? 1 : current);
-  if (!start) return;
+  if (!start) {
+    if (!rows.isPlain()) page.RefillFrom(rows, frame.rowCapacity(), rows.first());
+    return;
+  }
+  rows.expandAncestors(start);
   page.fillAround(rows, frame.rowCapacity(), start);
   if (!focus.CellMode) {
     rebuildSelectedRows();

@@ -11,12 +11,14 @@ struct PageLoader {
   ColumnList& columns;
   GridMetrics& metrics;
   PageView& page;
-  const RowTree& rows;
+  RowTree& rows;
   FocusModel& focus;
   DataLink& link;
   const GridFrame& frame;
 
-  // Page and focus start anew, the focus column as takeColumn() finds it.
+  // Page and focus start anew at the current row, whose ancestors are opened, the focus column as
+  // takeColumn() finds it. A current row that has no place in the tree leaves the page at the first row and
+  // the focus nowhere.
   void LoadVisibleRows(bool keepColumn);
   // The focus column is the one that FocusColumnName names, when `keepColumn` is set or the name is not
   // empty; else the leftmost one of the first line.

@@ -47,7 +47,7 @@ void PageView::updateTopOrdinal(const RowTree& rows) {
 
 void PageView::RefillFrom(const RowTree& rows, std::int32_t capacity, Row row) {
   VisibleRows.clear();
-  appendFrom(rows, row, places(capacity, 1));
+  if (row) appendFrom(rows, rows.shownAncestor(row), places(capacity, 1));
   prependUpTo(rows, places(capacity, 0));
   updateTopOrdinal(rows);
 }
@@ -61,6 +61,7 @@ void PageView::fillAround(const RowTree& rows, std::int32_t capacity, Row row) {
 
 void PageView::EnsureRowVisible(const RowTree& rows, std::int32_t capacity, Row row) {
   if (!row) return;
+  row = rows.shownAncestor(row);
   const std::int32_t index = VisibleIndex(row);
   if (index >= 0 && static_cast<std::size_t>(index) + 1 < VisibleRows.size()) return;
   const bool above = !VisibleRows.empty() && rows.isBefore(row, VisibleRows.front());

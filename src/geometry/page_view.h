@@ -35,6 +35,8 @@ class PageView {
   // noRow when out of range.
   Row VisibleAt(std::int32_t index) const;
 
+  // Where a row is not displayable, its shown ancestor stands for it.
+
   // The page that starts at `row`; at the end of the rows it reaches back to stay full.
   void RefillFrom(const RowTree& rows, std::int32_t capacity, Row row);
   // The page on which `row` is the last full row, as far as rows stand above it.

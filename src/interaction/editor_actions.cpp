@@ -45,7 +45,7 @@ void EditorController::spaceAction() {
   if (!focus.CellMode || !focus.FocusRow || !focus.FocusColumn) return;
   parts_.eval.ExprRow = focus.FocusRow.number;
   if (!focus.FocusColumn->value().child.isEditable(parts_.eval)) return;
-  if (!toggleCheckByKey()) toggleNode(focus.FocusRow);
+  if (!toggleCheckByKey() && focus.FocusColumn->value().hasTree) toggleNode(focus.FocusRow);
 }
 
 // What reaches the grid while its box is open is meant for the box. A blank in a tree column has opened or

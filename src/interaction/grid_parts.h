@@ -16,7 +16,7 @@
 #include "interaction/grid_token.h"
 #include "interaction/mouse_model.h"
 #include "platform/window.h"
-#include "rows/row_tree.h"
+#include "rows/row_builder.h"
 
 namespace tessera {
 
@@ -48,6 +48,7 @@ struct GridParts {
     if (window) client = window->clientSize();
     return frameOf(config, settings, metrics, window ? &client : nullptr);
   }
+  RowBuilder rowBuilder() { return {config, link, rows}; }
   PageLoader loader(const GridFrame& frame) {
     return {config.columns, metrics, page, rows, focus, link, frame};
   }

@@ -1,6 +1,7 @@
 #include "rows/row_tree.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tessera {
 namespace {
@@ -17,12 +18,19 @@ void RowTree::buildPlain(std::int32_t count) {
   plainCount_ = std::max(count, 0);
 }
 
-void RowTree::buildOutline(Outline::Parents parents, bool expanded, std::span<const std::int32_t> levels) {
+void RowTree::buildTree(bool expanded, std::span<const std::int32_t> levels) {
   isPlain_ = false;
-  outline_.assign(parents, expanded, levels);
+  groups_.clear();
+  outline_.assign(Outline::Parents::First, expanded, levels);
 }
 
-void RowTree::appendToOutline(std::span<const std::int32_t> levels) { outline_.append(levels); }
+void RowTree::buildGroups(GroupLevels groups, bool expanded, std::span<const std::int32_t> levels) {
+  isPlain_ = false;
+  groups_ = std::move(groups);
+  outline_.assign(Outline::Parents::Last, expanded, levels);
+}
+
+void RowTree::appendToTree(std::span<const std::int32_t> levels) { outline_.append(levels); }
 
 void RowTree::toggle(Row row) {
   const std::int32_t position = positionOf(row);
@@ -71,16 +79,24 @@ std::uint64_t RowTree::goesOnBit(std::int32_t position) const {
   return level < 64 && outline_.hasNextSibling(position) ? std::uint64_t{1} << level : 0;
 }
 
+RowView RowTree::place(Row row) const {
+  RowView view{.row = row};
+  if (isPlain_) return view;
+  view.level = outline_.level(positionOf(row));
+  view.state = outline_.state(positionOf(row));
+  const auto group = static_cast<std::size_t>(view.level) - 1;
+  if (group < groups_.size()) view.groupColumn = groups_[group].columnIndex;
+  return view;
+}
+
 RowView RowTree::view(Row row) const {
-  RowView view{.row = row, .isFirst = row == first()};
+  RowView view = place(row);
+  view.isFirst = row == first();
   if (isPlain_) {
     view.goesOn = row.number < plainCount_ ? 1 : 0;
-    return view;
+  } else {
+    for (std::int32_t at = positionOf(row); at >= 0; at = outline_.parent(at)) view.goesOn |= goesOnBit(at);
   }
-  const std::int32_t own = positionOf(row);
-  view.level = outline_.level(own);
-  view.state = outline_.state(own);
-  for (std::int32_t at = own; at >= 0; at = outline_.parent(at)) view.goesOn |= goesOnBit(at);
   return view;
 }
 
@@ -92,11 +108,9 @@ void RowTree::view(std::span<const Row> page, std::vector<RowView>& views) const
       views.push_back(view(row));
       continue;
     }
-    const std::int32_t own = positionOf(row);
-    const std::int32_t level = outline_.level(own);
-    const std::uint64_t above = views.back().goesOn & bitsBelow(level);
-    views.push_back(
-        {.row = row, .level = level, .state = outline_.state(own), .goesOn = above | goesOnBit(own)});
+    RowView next = place(row);
+    next.goesOn = (views.back().goesOn & bitsBelow(next.level)) | goesOnBit(positionOf(row));
+    views.push_back(next);
   }
 }
 

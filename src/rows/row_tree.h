@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "rows/group_levels.h"
 #include "rows/outline.h"
 #include "rows/row_view.h"
 
@@ -22,10 +23,12 @@ class RowTree {
   void buildPlain(std::int32_t count);
   // A plain tree grows or shrinks at its end; numbers stay dense.
   void setPlainCount(std::int32_t count) { buildPlain(count); }
-  // As Outline::assign() says, one level a row.
-  void buildOutline(Outline::Parents parents, bool expanded, std::span<const std::int32_t> levels);
-  // More rows behind the last one of an outline whose parents come first.
-  void appendToOutline(std::span<const std::int32_t> levels);
+  // As Outline::assign() says, one level a row: a tree, whose parents come first, or groups, whose parents
+  // sum the rows in front of them.
+  void buildTree(bool expanded, std::span<const std::int32_t> levels);
+  void buildGroups(GroupLevels groups, bool expanded, std::span<const std::int32_t> levels);
+  // More rows at the end of a tree.
+  void appendToTree(std::span<const std::int32_t> levels);
 
   // Opens or closes a row that has children; what was open or closed below it stays so.
   void toggle(Row row);
@@ -33,6 +36,9 @@ class RowTree {
   void collapseAll() { outline_.collapseAll(); }
   // Makes a row displayable.
   void expandAncestors(Row row);
+
+  bool isPlain() const { return isPlain_; }
+  const GroupLevels& groups() const { return groups_; }
 
   // How many rows of the data set the tree knows, and how many of them are displayable.
   std::int32_t rowCount() const { return isPlain_ ? plainCount_ : outline_.size(); }
@@ -57,6 +63,7 @@ class RowTree {
   bool isBefore(Row a, Row b) const;
   bool isAncestor(Row row, Row ancestor) const;
 
+  RowState state(Row row) const { return isPlain_ ? RowState::Leaf : outline_.state(positionOf(row)); }
   RowView view(Row row) const;
   // The views of displayable rows that follow each other.
   void view(std::span<const Row> page, std::vector<RowView>& views) const;
@@ -66,10 +73,13 @@ class RowTree {
   static std::int32_t positionOf(Row row) { return row.number - 1; }
   static Row rowAt(std::int32_t position) { return {position + 1}; }
   std::uint64_t goesOnBit(std::int32_t position) const;
+  // The view of the row alone: neither `goesOn` nor `isFirst`.
+  RowView place(Row row) const;
 
   bool isPlain_ = true;
   std::int32_t plainCount_ = 0;
   Outline outline_;
+  GroupLevels groups_;
 };
 
 }  // namespace tessera

@@ -122,11 +122,11 @@ TEST(RowTree, AnswersAsATreeOfNodes) {
     RowTree tree;
     if (parents == Outline::Parents::Last) {
       std::reverse(levels.begin(), levels.end());
-      tree.buildOutline(parents, expanded, levels);
+      tree.buildGroups({}, expanded, levels);
     } else {
       const std::size_t later = round % 3 == 1 ? levels.size() / 2 : levels.size();
-      tree.buildOutline(parents, expanded, std::span(levels).first(later));
-      tree.appendToOutline(std::span(levels).subspan(later));
+      tree.buildTree(expanded, std::span(levels).first(later));
+      tree.appendToTree(std::span(levels).subspan(later));
     }
     Model model(levels, parents, expanded);
     expectSame(tree, model, random);
