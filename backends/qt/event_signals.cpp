@@ -10,7 +10,10 @@ namespace tessera {
 
 namespace {
 
-using Emitter = void (*)(TesseraWidget& widget, const QVariantList& arguments);
+struct Emitter {
+  void (*emit)(TesseraWidget& widget, const QVariantList& arguments);
+  std::size_t arguments;
+};
 
 template <class Signal>
 struct Arguments;
@@ -25,15 +28,18 @@ struct Arguments<void (TesseraWidget::*)(Types...)> {
 };
 
 template <auto signal>
-void emitIt(TesseraWidget& widget, const QVariantList& arguments) {
+void emitSignal(TesseraWidget& widget, const QVariantList& arguments) {
   using Known = Arguments<decltype(signal)>;
   Known::template pass<signal>(widget, arguments, std::make_index_sequence<Known::count>{});
 }
 
+template <auto signal>
+constexpr Emitter emitIt{emitSignal<signal>, Arguments<decltype(signal)>::count};
+
 using W = TesseraWidget;
 
 // In the order of EventId.
-constexpr std::array<Emitter, eventNames.size()> emitters = {
+constexpr std::array<Emitter, eventTable.size()> emitters = {
     emitIt<&W::lButtonDown>, emitIt<&W::lButtonUp>,     emitIt<&W::lButtonDblClk>, emitIt<&W::rButtonDown>,
     emitIt<&W::rButtonUp>,   emitIt<&W::rButtonDblClk>, emitIt<&W::menuSelected>,  emitIt<&W::charTyped>,
     emitIt<&W::selChange>,   emitIt<&W::selChanged>,    emitIt<&W::focusGained>,   emitIt<&W::focusLost>,
@@ -43,10 +49,17 @@ constexpr std::array<Emitter, eventNames.size()> emitters = {
     emitIt<&W::collapsed>,   emitIt<&W::drag>,          emitIt<&W::dragging>,      emitIt<&W::drop>,
     emitIt<&W::paste>,       emitIt<&W::copy>,          emitIt<&W::headCheckClick>};
 
+static_assert([] {
+  for (std::size_t i = 0; i < emitters.size(); ++i) {
+    if (emitters[i].arguments != eventTable[i].arguments.size()) return false;
+  }
+  return true;
+}());
+
 }  // namespace
 
 void emitSignal(TesseraWidget& widget, EventId event, const QVariantList& arguments) {
-  emitters[static_cast<std::size_t>(event) - 1](widget, arguments);
+  emitters[static_cast<std::size_t>(event) - 1].emit(widget, arguments);
 }
 
 }  // namespace tessera

@@ -54,7 +54,7 @@ class WidgetCore : public WindowOwner, public ITesseraEvents {
  private:
   QPointer<TesseraWidget> widget_;
   CallDepth calls_;
-  std::array<TesseraWidget::Handler, eventNames.size()> handlers_;
+  std::array<TesseraWidget::Handler, eventTable.size()> handlers_;
   XmlDocumentReader documents_;
   PixbufPictureLoader pictures_;
   CurlHttpClient http_;

@@ -24,7 +24,8 @@ enum VarType : std::uint16_t {
   VT_BSTR = 8,
   VT_DISPATCH = 9,
   VT_ERROR = 10,
-  VT_BOOL = 11,  // 16 bits: VARIANT_TRUE is -1, VARIANT_FALSE 0
+  VT_BOOL = 11,     // 16 bits: VARIANT_TRUE is -1, VARIANT_FALSE 0
+  VT_VARIANT = 12,  // any type, in tables of arguments: no value has it
   VT_UNKNOWN = 13,
   VT_I1 = 16,
   VT_UI1 = 17,

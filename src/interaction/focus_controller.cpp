@@ -1,16 +1,11 @@
 #include "interaction/focus_controller.h"
 
-#include <array>
-
+#include "interaction/fire_event.h"
 #include "interaction/focused_child.h"
 #include "interaction/ime_mode.h"
 
 namespace tessera {
 namespace {
-
-std::array<XValue, 2> cellArguments(const XString& colid, std::int32_t row) {
-  return {XValue::ofText(colid), XValue::ofInt(row)};
-}
 
 const XString noColumn;
 
@@ -29,14 +24,6 @@ Cell FocusController::focusCell() const {
   const FocusModel& focus = parts_.focus;
   if (!focus.CellMode) return {};
   return {focus.FocusRow, focus.FocusColumn, parts_.focus.CurrentLine};
-}
-
-bool FocusController::ask(const XString& colid, std::int32_t row) {
-  return services_.ask(EventId::OnSelChange, cellArguments(colid, row));
-}
-
-void FocusController::fireChanged(const XString& colid, std::int32_t row) {
-  services_.fire(EventId::OnSelChanged, cellArguments(colid, row));
 }
 
 void FocusController::applyImeMode() { tessera::applyImeMode(parts_); }
@@ -114,7 +101,7 @@ std::optional<MoveResult> FocusController::refusal(const XString& colid, std::in
     return ended ? std::nullopt : std::optional(MoveResult::EditorStays);
   };
   if (const auto stays = whatStays()) return stays;
-  if (!ask(colid, row)) return MoveResult::Vetoed;
+  if (fire<EventId::OnSelChange>(parts_, services_, colid, row).refuses()) return MoveResult::Vetoed;
   return whatStays();
 }
 
@@ -126,7 +113,7 @@ MoveResult FocusController::move(const XString& colid, Row row, Store store) {
   if (!store()) return MoveResult::Gone;
   syncCurrentRow();
   if (!watch.holds()) return MoveResult::Gone;
-  fireChanged(colid, row.number);
+  fire<EventId::OnSelChanged>(parts_, services_, colid, row).last();
   return MoveResult::Moved;
 }
 
@@ -265,7 +252,7 @@ void FocusController::focusGained() {
   FocusModel& focus = parts_.focus;
   const bool fromOutside = focus.state == FocusState::Outside;
   focus.state = FocusState::Grid;
-  if (fromOutside) services_.fire(EventId::OnSetFocus, {});
+  if (fromOutside) fire<EventId::OnSetFocus>(parts_, services_).last();
   if (focus.state == FocusState::Grid) applyImeMode();
   services_.Repaint(nullptr);
 }
@@ -275,7 +262,7 @@ void FocusController::focusLost() {
   FocusModel& focus = parts_.focus;
   if (focus.state == FocusState::Grid) {
     focus.state = focusedChild(parts_);
-    if (focus.state == FocusState::Outside) services_.fire(EventId::OnKillFocus, {});
+    if (focus.state == FocusState::Outside) fire<EventId::OnKillFocus>(parts_, services_).last();
   }
   services_.Repaint(nullptr);
 }

@@ -69,8 +69,6 @@ class FocusController {
   void scrollBack(std::int32_t dx, std::int32_t stop);
 
  private:
-  bool ask(const XString& colid, std::int32_t row);
-  void fireChanged(const XString& colid, std::int32_t row);
   void scrollPage(std::int32_t rows);
   bool markFocusRow(Row row);
   void storeFocus(const Cell& cell);

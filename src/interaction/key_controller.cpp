@@ -74,6 +74,14 @@ bool KeyController::arrow(std::int32_t key) {
   return key == key::right ? rightArrow(from) : verticalArrow(from, key);
 }
 
+void KeyController::fireAtEnd(bool down) {
+  if (down) {
+    fire<EventId::OnLastDown>(parts_, services_).last();
+  } else {
+    fire<EventId::OnFirstUp>(parts_, services_).last();
+  }
+}
+
 // Several selected rows at the end of the rows shrink to their first.
 bool KeyController::arrowOfRows(std::int32_t key) {
   const RowList& selected = parts_.focus.SelectedRows;
@@ -83,7 +91,7 @@ bool KeyController::arrowOfRows(std::int32_t key) {
   Row target = neighbour(head, down);
   if (!target) {
     if (selected.size() == 1) {
-      services_.fire(down ? EventId::OnLastDown : EventId::OnFirstUp, {});
+      fireAtEnd(down);
       return false;
     }
     target = head;
@@ -118,7 +126,7 @@ bool KeyController::verticalArrow(const Cell& from, std::int32_t key) {
   const CellSteps::VerticalStep step = down ? steps().down(from) : steps().up(from);
   switch (step.outcome) {
     case CellSteps::Vertical::NoRow:
-      services_.fire(down ? EventId::OnLastDown : EventId::OnFirstUp, {});
+      fireAtEnd(down);
       return false;
     case CellSteps::Vertical::NoCell:
       return false;

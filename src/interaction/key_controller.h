@@ -34,6 +34,8 @@ class KeyController {
  private:
   // True when there is something to repaint.
   bool dispatch(std::int32_t key, Modifiers modifiers);
+  // There is no row to go to.
+  void fireAtEnd(bool down);
   bool arrow(std::int32_t key);
   bool arrowOfRows(std::int32_t key);
   bool leftArrow(const Cell& from);

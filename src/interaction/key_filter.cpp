@@ -1,7 +1,6 @@
 #include "interaction/key_filter.h"
 
 #include <algorithm>
-#include <array>
 
 #include "interaction/key_events.h"
 
@@ -9,12 +8,6 @@ namespace tessera {
 namespace {
 
 constexpr std::int32_t firstNavigationKey = key::pageUp, lastNavigationKey = key::down;
-
-XValue shortFlag(bool flag) {
-  XValue value;
-  value.setInteger(VT_I2, flag ? 1 : 0);
-  return value;
-}
 
 }  // namespace
 
@@ -74,8 +67,7 @@ std::optional<Cell> KeyFilter::nextEditable(const Cell& start, bool back) {
 
 KeyRoute KeyFilter::copy() {
   if (parts_.focus.CellMode && editors_.active()) return KeyRoute::Window;
-  const std::array arguments = {shortFlag(parts_.focus.CellMode), shortFlag(blocks_.stands())};
-  services_.fire(EventId::OnCopy, arguments);
+  fire<EventId::OnCopy>(parts_, services_, parts_.focus.CellMode, blocks_.stands()).last();
   return KeyRoute::Done;
 }
 
@@ -86,8 +78,7 @@ KeyRoute KeyFilter::paste() {
   if (!row) return KeyRoute::Done;
   const bool hasColumn = focus.CellMode && focus.FocusColumn;
   const XString colid = hasColumn ? focus.FocusColumn->value().id : XString();
-  const std::array arguments = {XValue::ofText(colid), XValue::ofInt(row.number)};
-  services_.fire(EventId::OnPaste, arguments);
+  fire<EventId::OnPaste>(parts_, services_, colid, row).last();
   return KeyRoute::Done;
 }
 

@@ -1,9 +1,9 @@
 #include "interaction/menu_controller.h"
 
-#include <array>
 #include <span>
 #include <string>
 
+#include "interaction/fire_event.h"
 #include "shared/compare.h"
 
 namespace tessera {
@@ -59,9 +59,8 @@ void MenuController::trackPopupMenu(std::int32_t x, std::int32_t y) {
       parts_.window->trackPopupMenu(items, {addClamped(origin.x, x), addClamped(origin.y, y)});
   if (code == 0) return;
   const PopupMenuItem* chosen = itemOfCode(items, code);
-  const std::array arguments = {XValue::ofInt(code),
-                                XValue::ofText(chosen ? shownText(chosen->text) : XString())};
-  services_.fire(EventId::OnMenuSelected, arguments);
+  const XString text = chosen ? shownText(chosen->text) : XString();
+  fire<EventId::OnMenuSelected>(parts_, services_, code, text).last();
 }
 
 }  // namespace tessera

@@ -1,9 +1,9 @@
 #include "interaction/mouse_controller.h"
 
-#include <array>
 #include <cstdlib>
 
 #include "interaction/cursor_shape.h"
+#include "interaction/fire_event.h"
 #include "interaction/head_check.h"
 #include "interaction/reading_scope.h"
 #include "interaction/tree_box_hit.h"
@@ -54,7 +54,7 @@ void MouseController::leftDown(Point at) {
   const bool free = closeEditor();
   if (free && parts_.window && !parts_.window->hasFocus()) parts_.window->setFocus();
   Spot spot = spotAt(at);
-  if (!free || !parts_.window) return fireMouse(EventId::OnLButtonDown, spot);
+  if (!free || !parts_.window) return fireMouse<EventId::OnLButtonDown>(spot);
   if (spot.hit.region == Region::Header && tickHeadCheck(spot)) return;
   const PressResult result = press(spot);
   if (!result.over) {
@@ -64,7 +64,7 @@ void MouseController::leftDown(Point at) {
     }
     if (result.repaint) services_.Repaint(nullptr);
   }
-  fireMouse(EventId::OnLButtonDown, spot);
+  fireMouse<EventId::OnLButtonDown>(spot);
 }
 
 MouseController::PressResult MouseController::press(Spot& spot) {
@@ -87,10 +87,10 @@ bool MouseController::tickHeadCheck(const Spot& spot) {
   ColumnRecord& column = spot.hit.column->value();
   if (!headCheckRect(column.header).holds(spot.at.x, spot.at.y)) return false;
   column.header.checked = !column.header.checked;
-  const std::array arguments = {XValue::ofInt(column.index), XValue::ofText(spot.colid),
-                                XValue::ofInt(column.header.checked ? 1 : 0)};
   services_.Repaint(nullptr);
-  services_.fire(EventId::OnHeadCheckClick, arguments);
+  fire<EventId::OnHeadCheckClick>(parts_, services_, column.index, spot.colid,
+                                  std::int32_t{column.header.checked ? 1 : 0})
+      .last();
   return true;
 }
 
@@ -157,7 +157,7 @@ void MouseController::leftUp(Point at) {
   ended = gestures_.endBlock() || ended;
   parts_.mouse.state = MouseState::Idle;
   if (ended) services_.Repaint(nullptr);
-  fireMouse(EventId::OnLButtonUp, spot);
+  fireMouse<EventId::OnLButtonUp>(spot);
 }
 
 bool MouseController::endPress() {
@@ -181,21 +181,21 @@ void MouseController::leftDouble(Point at) {
     const bool opens = !parts_.focus.CellMode || isFocusCell(spot.hit);
     if (opens && editors_.openEditor(false)) services_.Repaint(nullptr);
   }
-  fireMouse(EventId::OnLButtonDblClk, spot);
+  fireMouse<EventId::OnLButtonDblClk>(spot);
 }
 
 void MouseController::rightDown(Point at) {
   if (!parts_.window || !closeEditor()) return;
   if (parts_.window && parts_.focus.state == FocusState::Outside) parts_.window->setFocus();
-  fireMouse(EventId::OnRButtonDown, spotAt(at));
+  fireMouse<EventId::OnRButtonDown>(spotAt(at));
 }
 
 void MouseController::rightUp(Point at) {
-  if (parts_.window) fireMouse(EventId::OnRButtonUp, spotAt(at));
+  if (parts_.window) fireMouse<EventId::OnRButtonUp>(spotAt(at));
 }
 
 void MouseController::rightDouble(Point at) {
-  if (parts_.window) fireMouse(EventId::OnRButtonDblClk, spotAt(at));
+  if (parts_.window) fireMouse<EventId::OnRButtonDblClk>(spotAt(at));
 }
 
 void MouseController::showCursor() {
@@ -211,16 +211,15 @@ void MouseController::showCursor() {
   parts_.window->setCursor(cursorShape(scene, hit, at, canDrag));
 }
 
-void MouseController::fireMouse(EventId id, const Spot& spot) {
-  const std::array arguments = {XValue::ofInt(static_cast<std::int32_t>(spot.hit.region)),
-                                XValue::ofInt(spot.hit.row), XValue::ofText(spot.colid),
-                                XValue::ofInt(spot.at.x), XValue::ofInt(spot.at.y)};
-  services_.fire(id, arguments);
+template <EventId id>
+void MouseController::fireMouse(const Spot& spot) {
+  fire<id>(parts_, services_, static_cast<std::int32_t>(spot.hit.region), spot.hit.row, spot.colid, spot.at.x,
+           spot.at.y)
+      .last();
 }
 
 void MouseController::fireSelChanged(const Spot& spot) {
-  const std::array arguments = {XValue::ofText(spot.colid), XValue::ofInt(spot.hit.row)};
-  services_.fire(EventId::OnSelChanged, arguments);
+  fire<EventId::OnSelChanged>(parts_, services_, spot.colid, spot.hit.row).last();
 }
 
 }  // namespace tessera

@@ -74,7 +74,8 @@ class MouseController {
   bool pressHeader(const Spot& spot);
   PressResult pressRows(Spot& spot);
 
-  void fireMouse(EventId id, const Spot& spot);
+  template <EventId id>
+  void fireMouse(const Spot& spot);
   void fireSelChanged(const Spot& spot);
 
   GridParts& parts_;

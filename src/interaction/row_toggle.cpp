@@ -1,16 +1,9 @@
 #include "interaction/row_toggle.h"
 
-#include <array>
-
+#include "interaction/fire_event.h"
 #include "interaction/grid_watch.h"
 
 namespace tessera {
-namespace {
-
-std::array<XValue, 1> rowArgument(Row row) { return {XValue::ofInt(row.number)}; }
-
-}  // namespace
-
 bool RowToggle::hasTree() const {
   return parts_.link.dataSet() && parts_.config.tree.rowMode != RowMode::Plain && !parts_.rows.isPlain() &&
          !parts_.page.VisibleRows.empty();
@@ -29,24 +22,25 @@ bool RowToggle::ToggleNode(Row row) {
   return false;
 }
 
-bool RowToggle::mayToggle(EventId question, Row row) {
+template <EventId question>
+bool RowToggle::mayToggle(Row row) {
   const GridWatch watch(parts_, services_);
   const RowState state = parts_.rows.state(row);
   if (!editors_.commitBeforeMove() || !watch.holds()) return false;
-  const bool allowed = services_.ask(question, rowArgument(row));
-  return allowed && watch.holds() && parts_.rows.state(row) == state;
+  const Fired asked = fire<question>(parts_, services_, row);
+  return asked.stands && !asked.refuses() && parts_.rows.state(row) == state;
 }
 
 bool RowToggle::open(Row row) {
-  if (!mayToggle(EventId::OnExpanding, row)) return false;
+  if (!mayToggle<EventId::OnExpanding>(row)) return false;
   parts_.rows.toggle(row);
   showRows();
-  services_.fire(EventId::OnExpanded, rowArgument(row));
+  fire<EventId::OnExpanded>(parts_, services_, row).last();
   return true;
 }
 
 bool RowToggle::close(Row row) {
-  if (!mayToggle(EventId::OnCollapsing, row)) return false;
+  if (!mayToggle<EventId::OnCollapsing>(row)) return false;
   const Row focus = parts_.focus.currentRow();
   const bool hides = focus && parts_.rows.shownAncestor(focus) == focus && parts_.rows.isAncestor(focus, row);
   parts_.rows.toggle(row);
@@ -55,7 +49,7 @@ bool RowToggle::close(Row row) {
   if (const Row current = parts_.focus.currentRow()) parts_.link.syncCurrentRow(current.number);
   if (!watch.holds()) return false;
   showRows();
-  services_.fire(EventId::OnCollapsed, rowArgument(row));
+  fire<EventId::OnCollapsed>(parts_, services_, row).last();
   return true;
 }
 

@@ -35,7 +35,8 @@ class RowToggle {
   bool open(Row row);
   bool close(Row row);
   // Asks the host; true when `row` is still there and as it was.
-  bool mayToggle(EventId question, Row row);
+  template <EventId question>
+  bool mayToggle(Row row);
   void moveFocus(Row row);
   void showRows();
 

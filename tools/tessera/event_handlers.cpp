@@ -20,8 +20,8 @@ std::string eventLine(EventId id, std::span<const XValue> arguments) {
 }  // namespace
 
 std::optional<EventId> EventHandlers::eventOfName(std::u16string_view name) {
-  for (std::size_t i = 0; i < eventNames.size(); ++i) {
-    if (equalNoCase(utf16FromUtf8(eventNames[i]), name)) return static_cast<EventId>(i + 1);
+  for (const EventRow& row : eventTable) {
+    if (equalNoCase(utf16FromUtf8(row.name), name)) return row.id;
   }
   return std::nullopt;
 }

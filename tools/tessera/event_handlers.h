@@ -42,7 +42,7 @@ class EventHandlers : public ITesseraEvents {
 
   Transcript& transcript_;
   RunCommand run_;
-  std::array<Handler, eventNames.size()> handlers_;
+  std::array<Handler, eventTable.size()> handlers_;
 };
 
 }  // namespace tessera
