@@ -1,4 +1,4 @@
-// Directions within a line that runs from left to right.
+// Directions within a line that runs from left to right, by FriBidi.
 
 #pragma once
 
@@ -8,9 +8,12 @@
 
 namespace tessera {
 
-// The level of every character by the rules of the Unicode bidirectional algorithm for a left-to-right
-// paragraph: 0 for left to right, 1 for right to left, 2 for numbers within right to left. Embeddings,
-// overrides and isolates are not obeyed, so no text can turn the rest of its line around.
+// The level of every character by the Unicode bidirectional algorithm for a left-to-right paragraph: odd for
+// right to left. Embeddings, overrides and isolates are not obeyed, so no text can turn the rest of its line
+// around.
 void bidiLevels(std::u32string_view text, std::vector<std::uint8_t>& levels);
+
+// Whether the level of what follows may depend on the character, as the first of a pair of brackets.
+bool opensPair(char32_t codePoint);
 
 }  // namespace tessera

@@ -1,20 +1,30 @@
 #include "backends/raster/text_segments.h"
 
+#include <algorithm>
+
+#include "backends/raster/bidi_levels.h"
 #include "backends/raster/script_class.h"
 
 namespace tessera {
 namespace {
 
-// A place where a segment may end, and the width up to there.
-struct Cut {
-  std::size_t place = 0;
-  std::int64_t width = 0;
-};
-
 // A longer word is not drawn from its start by the shaper, but from the character before.
 constexpr std::size_t maxWord = 256;
 
 }  // namespace
+
+// The first bracket shortly before, if there is one. It decides the direction of its partner by what stands
+// between.
+TextSegments::Cut TextSegments::pairStart(Cut word) const {
+  const auto end = text_.begin() + static_cast<std::ptrdiff_t>(word.place);
+  const auto from = end - static_cast<std::ptrdiff_t>(std::min(word.place - place_, maxWord));
+  const auto bracket = std::find_if(from, end, opensPair);
+  for (auto place = static_cast<std::size_t>(bracket - text_.begin()); place < word.place;) {
+    word.width -= font_.glyph(nextCodePoint(text_, place)).advance;
+  }
+  word.place = static_cast<std::size_t>(bracket - text_.begin());
+  return word;
+}
 
 TextSegment TextSegments::cut(std::size_t end, bool shaped, std::int64_t width) {
   const TextSegment segment{text_.substr(place_, end - place_), shaped, width};
@@ -46,7 +56,7 @@ bool TextSegments::next(std::int64_t room, TextSegment& segment) {
     const Glyph& glyph = font_.glyph(codePoint);
     if (glyph.needsShaping) {
       // The character before goes along even if it is a space: a mark stands on it.
-      const Cut from = here.place - word.place <= maxWord ? word : previous;
+      const Cut from = pairStart(here.place - word.place <= maxWord ? word : previous);
       segment = from.place == place_ ? cut(shapedEnd(), true, 0) : cut(from.place, false, from.width);
       return true;
     }

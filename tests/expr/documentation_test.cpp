@@ -54,16 +54,5 @@ TEST(Documentation, ExamplesCallTheirFunction) {
   }
 }
 
-TEST(Documentation, Signatures) {
-  const std::pair<const char16_t*, const char*> rows[] = {
-      {u"AT", "AT(search: text, text: text, [n: number = 1]): number"},
-      {u"MAX", "MAX(x: any, y: any, ...): any"},
-      {u"PADL", "PADL(x: any, width: number, [pad: text = \" \"]): text"},
-      {u"PI", "PI(): number"},
-      {u"TIME", "TIME([x: number]): text"},
-  };
-  for (const auto& [name, signature] : rows) EXPECT_EQ(functionSignature(*findFunction(name)), signature);
-}
-
 }  // namespace
 }  // namespace tessera::test

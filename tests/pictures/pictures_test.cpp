@@ -164,16 +164,5 @@ TEST(PictureCompareTest, CountsAndMarksWhatDiffers) {
   EXPECT_EQ(wider.picture.at(3, 0), wider.picture.at(0, 2));
 }
 
-TEST(PictureCompareTest, LaysThreePicturesSideBySide) {
-  const Bitmap sheet =
-      sideBySide(Bitmap(2, 1, 0xFF000001), Bitmap(2, 1, 0xFF000002), Bitmap(2, 1, 0xFF000003));
-  std::vector<std::uint32_t> seen;
-  for (std::int32_t x = 0; x < sheet.width; ++x) {
-    const std::uint32_t pixel = sheet.at(x, sheet.height / 2);
-    if (pixel <= 0xFF000003 && (seen.empty() || seen.back() != pixel)) seen.push_back(pixel);
-  }
-  EXPECT_EQ(seen, (std::vector<std::uint32_t>{0xFF000001, 0xFF000002, 0xFF000003}));
-}
-
 }  // namespace
 }  // namespace tessera
