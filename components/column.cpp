@@ -82,7 +82,7 @@ std::string_view Column::shown(std::int32_t record, NumberBuffer& buffer) const 
 }
 
 void Column::value(std::int32_t record, XValue& result) const {
-  if (isEmpty(record)) return result.setEmpty();
+  if (empty_.get(record)) return result.setEmpty();
   switch (format_.type) {
     case columnInteger:
       return result.setInt(static_cast<std::int32_t>(whole(record)));

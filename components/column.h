@@ -41,6 +41,7 @@ class Column {
   std::string_view text(std::int32_t record) const;  // text columns only
   // The cell's text: inside the column or in `buffer`, valid until either changes.
   std::string_view shown(std::int32_t record, NumberBuffer& buffer) const;
+  // VT_EMPTY for an empty number; an empty text is a text, too.
   void value(std::int32_t record, XValue& result) const;
 
   // Loading. What must hold: the value fits the column's type.

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <limits>
 #include <optional>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 #include <vector>
@@ -28,13 +29,15 @@ struct Survey {
 std::vector<std::string> columnNames(const std::vector<std::string>& header) {
   const std::unordered_set<std::string> given(header.begin(), header.end());
   std::unordered_set<std::string> taken;
+  std::unordered_map<std::string, int> numbers;  // by stem: the next one that may be free
   std::vector<std::string> names;
   for (const std::string& cell : header) {
     const std::string column = "COLUMN" + std::to_string(names.size() + 1);
     std::string name = cell.empty() && !given.contains(column) ? column : cell;
     const std::string stem = (name.empty() ? column : name) + "_";
-    for (int number = 2; name.empty() || taken.contains(name); ++number) {
-      name = stem + std::to_string(number);
+    while (name.empty() || taken.contains(name)) {
+      int& number = numbers.try_emplace(stem, 2).first->second;
+      name = stem + std::to_string(number++);
       if (given.contains(name)) name.clear();
     }
     names.push_back(*taken.insert(std::move(name)).first);

@@ -6,6 +6,8 @@
 #include <system_error>
 #include <utility>
 
+#include "shared/utf.h"
+
 namespace tessera {
 namespace fs = std::filesystem;
 
@@ -23,14 +25,10 @@ std::vector<std::byte> bytesOf(const fs::path& path) {
   return in ? bytes : std::vector<std::byte>();
 }
 
-bool isPlainName(const std::string& key) {
-  return key.find_first_of("/\\") == std::string::npos && key.find("..") == std::string::npos;
-}
-
 }  // namespace
 
-FolderImageSet::FolderImageSet(std::string id, fs::path folder, PictureLoader& loader)
-    : id_(std::move(id)), folder_(std::move(folder)), loader_(loader) {
+FolderImageSet::FolderImageSet(std::string id, fs::path folder, PictureLoader& loader, Narrow narrow)
+    : id_(std::move(id)), folder_(std::move(folder)), loader_(loader), narrow_(std::move(narrow)) {
   list();
 }
 
@@ -50,10 +48,15 @@ void FolderImageSet::list() {
     std::error_code ignored;
     const fs::path& path = it->path();
     const bool hidden = path.filename().string().starts_with('.');
-    if (!hidden && it->is_regular_file(ignored)) files_[path.stem().string()].push_back(path);
+    if (!hidden && it->is_regular_file(ignored)) files_[keyOf(path)].push_back(path);
   }
   if (failed) fault_ = failed.message();
   for (auto& [key, paths] : files_) std::sort(paths.begin(), paths.end());
+}
+
+std::string FolderImageSet::keyOf(const fs::path& path) const {
+  const std::string name = path.stem().string();
+  return narrow_ ? narrow_(utf16FromUtf8(name)) : name;
 }
 
 void FolderImageSet::reload() {
@@ -68,7 +71,6 @@ void FolderImageSet::Unadvise(ImageSetNotifications* sink) { sinks_.unadvise(sin
 void FolderImageSet::GetID(XString& id) { id = XString::fromNarrow(id_); }
 
 bool FolderImageSet::GetImage(const std::string& key, Picture& picture) {
-  if (!isPlainName(key)) return false;
   const auto found = files_.find(key);
   if (found == files_.end()) return false;
   for (const fs::path& path : found->second) {

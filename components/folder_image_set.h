@@ -3,8 +3,10 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <tessera/image_set_control.h>
@@ -14,13 +16,16 @@
 
 namespace tessera {
 
-// The key of a picture is its file name without the ending, letters as written. Of several files with one key
-// the first by name counts that the loader can read. Only files in the folder itself are reached: a key with
-// a path separator or ".." is no picture. The folder is listed when the set is made and by reload().
+// The key of a picture is its file name without the ending, letters as written, in the narrow text of whoever
+// asks. Of several files with one key the first by name counts that the loader can read. Only files in the
+// folder itself are reached. The folder is listed when the set is made and by reload().
 class FolderImageSet final : public ImageSetControl, public PictureSource {
  public:
-  // `loader` is borrowed and must outlive the set. A folder that cannot be listed holds no pictures.
-  FolderImageSet(std::string id, std::filesystem::path folder, PictureLoader& loader);
+  using Narrow = std::function<std::string(std::u16string_view text)>;
+
+  // `loader` is borrowed and must outlive the set. A folder that cannot be listed holds no pictures. Without
+  // `narrow` keys are UTF-8.
+  FolderImageSet(std::string id, std::filesystem::path folder, PictureLoader& loader, Narrow narrow = {});
   ~FolderImageSet() override;
   FolderImageSet(const FolderImageSet&) = delete;
   FolderImageSet& operator=(const FolderImageSet&) = delete;
@@ -39,10 +44,12 @@ class FolderImageSet final : public ImageSetControl, public PictureSource {
 
  private:
   void list();
+  std::string keyOf(const std::filesystem::path& path) const;
 
   std::string id_;
   std::filesystem::path folder_;
   PictureLoader& loader_;
+  Narrow narrow_;
   std::map<std::string, std::vector<std::filesystem::path>> files_;  // by key
   std::string fault_;
   SinkList<ImageSetNotifications> sinks_;

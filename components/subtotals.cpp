@@ -161,13 +161,15 @@ void Subtotals::refresh(Line& line, std::int32_t depth, const ColumnStore& store
 
 void Subtotals::value(std::int32_t row, std::int32_t depth, std::int32_t column, const ColumnStore& store,
                       const DataRows& rows, XValue& result) {
+  const bool isText = store.column(column).isText();
+  const auto giveNothing = [&result, isText] { return isText ? result.setText(u"") : result.setEmpty(); };
   Line& line = *lineAt(linesOf(depth), row);
   for (std::size_t i = 0; i < keys_.size(); ++i) {
     if (keys_[i].column != column) continue;
     if (static_cast<std::int32_t>(i) < depth) return store.column(column).value(line.keyRecord, result);
-    return result.setEmpty();
+    return giveNothing();
   }
-  if (store.column(column).isText()) return result.setEmpty();
+  if (isText) return giveNothing();
   if (line.stale) refresh(line, depth, store, rows);
   const auto columns = static_cast<std::size_t>(store.columnCount());
   sums_[static_cast<std::size_t>(line.sums) * columns + static_cast<std::size_t>(column)].value(

@@ -43,6 +43,7 @@ class OpenLocale {
     return XString::fromNarrow({text, length});
   }
   std::string_view datePattern() const { return ::nl_langinfo_l(D_FMT, locale_); }
+  XString decimalPoint() const { return XString::fromNarrow(::nl_langinfo_l(RADIXCHAR, locale_)); }
 
  private:
   locale_t locale_;
@@ -78,14 +79,18 @@ Words readWords(const OpenLocale& locale) {
 
 }  // namespace
 
-NativeLocale::NativeLocale() : NativeLocale(variable({"LC_ALL", "LC_TIME", "LANG"}), variable({"LANG"})) {}
+NativeLocale::NativeLocale()
+    : NativeLocale(variable({"LC_ALL", "LC_TIME", "LANG"}), variable({"LANG"}),
+                   variable({"LC_ALL", "LC_NUMERIC", "LANG"})) {}
 
-NativeLocale::NativeLocale(const std::string& user, const std::string& system) {
+NativeLocale::NativeLocale(const std::string& user, const std::string& system, const std::string& numbers) {
   const OpenLocale userLocale(user);
   user_ = readWords<Words>(userLocale);
   system_ = readWords<Words>(OpenLocale(system));
   order_ = dateOrderOf(userLocale.datePattern());
   pattern_ = XString::fromNarrow(numericDatePattern(userLocale.datePattern()));
+  const XString point = OpenLocale(numbers).decimalPoint();
+  if (point.length() == 1) decimalPoint_ = point.charAt(0);
 }
 
 XString NativeLocale::weekdayName(LocaleOwner owner, std::int32_t weekday) const {

@@ -63,7 +63,7 @@ Glyph& Font::find(char32_t codePoint) {
     case ScriptClass::Simple:
       break;
   }
-  const char32_t shown = codePoint == U'\t' ? U' ' : isSurrogate(codePoint) ? replacement : codePoint;
+  const char32_t shown = isShownAsSpace(codePoint) ? U' ' : isSurrogate(codePoint) ? replacement : codePoint;
   FontFace* face = faceFor(shown);
   return face ? face->glyph(face->glyphIndex(shown)) : blank_;
 }

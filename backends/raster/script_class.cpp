@@ -13,7 +13,6 @@ struct Range {
 
 // Sorted. Emoji are left to the shaper because skin tones and joiners change them.
 constexpr Range simpleRanges[] = {
-    {0x0009, 0x0009},    // tab
     {0x0020, 0x007E},    // ASCII
     {0x00A0, 0x00AC},    // Latin-1 up to the soft hyphen
     {0x00AE, 0x02FF},    // Latin, IPA, modifier letters
@@ -42,13 +41,13 @@ constexpr Range simpleRanges[] = {
 };
 
 constexpr bool isControl(char32_t codePoint) {
-  return (codePoint < 0x20 && codePoint != U'\t') || (codePoint >= 0x7F && codePoint <= 0x9F) ||
-         codePoint == 0x2028 || codePoint == 0x2029;
+  return codePoint < 0x20 || (codePoint >= 0x7F && codePoint <= 0x9F);
 }
 
 }  // namespace
 
 ScriptClass scriptClass(char32_t codePoint) {
+  if (isShownAsSpace(codePoint)) return ScriptClass::Simple;
   if (isControl(codePoint)) return ScriptClass::Control;
   const Range* const range =
       std::lower_bound(std::begin(simpleRanges), std::end(simpleRanges), codePoint,

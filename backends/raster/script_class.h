@@ -13,9 +13,15 @@ enum class ScriptClass {
   Shaped,   // depends on its neighbours: marks, joining and right-to-left scripts, invisible signs
 };
 
-// Unpaired surrogates count as Simple: they are shown as U+FFFD. The tab counts as Simple too, shown as a
-// space.
+// Unpaired surrogates count as Simple: they are shown as U+FFFD. What is shown as a space counts as Simple,
+// too.
 ScriptClass scriptClass(char32_t codePoint);
+
+// The tab and the ends of lines. A carriage return goes with the line feed behind it.
+constexpr bool isShownAsSpace(char32_t codePoint) {
+  return codePoint == U'\t' || codePoint == U'\n' || codePoint == 0x85 || codePoint == 0x2028 ||
+         codePoint == 0x2029;
+}
 
 constexpr bool isSurrogate(char32_t value) { return value >= 0xD800 && value <= 0xDFFF; }
 constexpr bool isHighSurrogate(char32_t value) { return value >= 0xD800 && value <= 0xDBFF; }

@@ -25,7 +25,7 @@ constexpr hb_feature_t features[] = {
 // What a character is shaped as: the same signs that are drawn one by one must come out the same here.
 char32_t shapedAs(char32_t codePoint) {
   constexpr char32_t invisible = 0x200B;
-  if (codePoint == U'\t') return U' ';
+  if (isShownAsSpace(codePoint)) return U' ';
   if (isSurrogate(codePoint)) return 0xFFFD;
   return scriptClass(codePoint) == ScriptClass::Control ? invisible : codePoint;
 }

@@ -46,8 +46,9 @@ inline constexpr std::int32_t rowDeleted = 2;
 inline constexpr std::int32_t rowUpdated = 3;
 
 // Rows and columns are numbered from 1. Every call writes its out arguments, also for a row or column that
-// does not exist (then: 0, the empty text, VT_EMPTY). Text and value out arguments may be used again and
-// again; implementers write them with XString::assign and XValue::setText, which keep their storage.
+// does not exist (then: 0, the empty text, VT_EMPTY). A cell without a value is VT_EMPTY in a column of
+// numbers and the empty text in a column of texts. Text and value out arguments may be used again and again;
+// implementers write them with XString::assign and XValue::setText, which keep their storage.
 class DataSetControl : public Component {
  public:
   virtual void GetID(XString& id) = 0;

@@ -59,7 +59,7 @@ BitmapRef ImageCache::FindImage(const XString& key) const {
 }
 
 void ImageCache::add(const XString& key, PictureSource& source) {
-  if (pictures_.contains(key)) return;
+  if (key.empty() || pictures_.contains(key)) return;
   Picture picture;
   const std::string narrow = codePages_ ? codePages_->toNarrow(codePage_, key) : key.toUtf8();
   if (!source.GetImage(narrow, picture) || picture.width <= 0 || picture.height <= 0) return;

@@ -15,8 +15,8 @@ bool isExpression(std::u16string_view value) { return value.starts_with(u'@'); }
 
 XString expressionText(const XString& value) { return value.mid(1, value.length()); }
 
-bool storeExpression(InfoServices& services, const XString& value, CellStyle& style, DynamicSlot slot) {
-  const XExprProgram* program = services.compileExpression(expressionText(value));
+bool storeExpression(InfoServices& services, const XString& text, CellStyle& style, DynamicSlot slot) {
+  const XExprProgram* program = services.compileExpression(text);
   style.setDynamic(slot, program);
   return program != nullptr;
 }

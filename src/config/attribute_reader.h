@@ -30,9 +30,8 @@ bool isExpression(std::u16string_view value);
 // The expression itself.
 XString expressionText(const XString& value);
 
-// Puts the expression that `value` holds into the style's slot. False, and no change, when it does not
-// compile.
-bool storeExpression(InfoServices& services, const XString& value, CellStyle& style, DynamicSlot slot);
+// Puts the expression into the style's slot. False, and no change, when it does not compile.
+bool storeExpression(InfoServices& services, const XString& text, CellStyle& style, DynamicSlot slot);
 
 // Calls store(row, value) for each row of `table` whose attribute the element has, in the table's order.
 template <class Table, class Store>

@@ -199,8 +199,10 @@ void storeCellAttribute(InfoServices& services, const CellAttribute& attribute, 
                         const XString& value) {
   if (attribute.slot && isExpression(value)) {
     if (attribute.slot == DynamicSlot::Text && cell.element == CellElement::View) *cell.text = value;
-    const bool compiled = storeExpression(services, value, *cell.style, *attribute.slot);
-    if (cell.kept) cell.kept->keep(*attribute.slot, expressionText(value), !compiled);
+    const XString text = expressionText(value);
+    if (cell.kept && services.awaitsColumns(text)) return cell.kept->await(*attribute.slot, text);
+    const bool compiled = storeExpression(services, text, *cell.style, *attribute.slot);
+    if (cell.kept && compiled) cell.kept->keep(*attribute.slot, text);
     return;
   }
   if (!attribute.store(services, cell, value) || !attribute.slot) return;

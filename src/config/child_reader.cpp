@@ -56,7 +56,7 @@ void storeLookupDataId(InfoServices& services, ChildSpec& child, const XString& 
 
 void storeEditable(InfoServices& services, ChildSpec& child, const XString& value) {
   if (isExpression(value)) {
-    storeExpression(services, value, child, DynamicSlot::Text);
+    storeExpression(services, expressionText(value), child, DynamicSlot::Text);
     return;
   }
   child.editable = value;

@@ -20,6 +20,9 @@ class InfoServices {
   virtual DocumentReader& documents() = 0;
   // Null when the text does not compile; the failure has been reported then.
   virtual const XExprProgram* compileExpression(const XString& text) = 0;
+  // Whether the text has a word that means nothing so far and may be a column's name, while no data set has
+  // named its columns.
+  virtual bool awaitsColumns(const XString&) { return false; }
   // The picture at an address, fetched at once; null when there is none or `url` is empty.
   virtual BitmapRef downloadImage(const XString& url) = 0;
   // A further data set on the host, not subscribed to; null when there is none.

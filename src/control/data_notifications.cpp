@@ -245,8 +245,18 @@ HResult DataNotifications::SourceClosing(std::int32_t, VariantBool flag) {
 
 HResult DataNotifications::ImageSortReset(std::int32_t cookie) { return SortReset(cookie); }
 
-HResult DataNotifications::ImageDataChanged(std::int32_t cookie, std::int32_t value) {
-  return DataChanged(cookie, value);
+// The rows are the same: what was typed is saved, or goes on being edited over the new pictures.
+HResult DataNotifications::ImageDataChanged(std::int32_t, std::int32_t) {
+  if (!mayChange()) return S_OK;
+  editors_.settle();
+  if (!parts_.window) return S_OK;
+  if (!editors_.active()) {
+    refresh_();
+    return S_OK;
+  }
+  parts_.images.ReloadImages(parts_.config.columns, parts_.link);
+  services_.Repaint(nullptr);
+  return S_OK;
 }
 
 // The pictures belonged to the image set.

@@ -156,7 +156,7 @@ HResult GridExpressionHost::AggregateValue(std::int32_t current, Aggregate kind,
   std::int32_t column = 0;
   rows->GetColumnIndex(columnName, column);
   aggregate.read(*rows, column, aggregate.ofGroup ? groupAround(*rows, current) : RowRange{}, result);
-  changeType(result, VT_R8, result);
+  if (!succeeded(changeType(result, VT_R8, result))) result.setDouble(0);
   return S_OK;
 }
 

@@ -1,5 +1,7 @@
 #include "control/info_host.h"
 
+#include <algorithm>
+
 #include "binding/component_locator.h"
 #include "platform/picture_loader.h"
 
@@ -9,6 +11,13 @@ const XExprProgram* InfoHost::compileExpression(const XString& text) {
   const XExprProgram* program = expressions_.compile(text);
   if (!program) services_.ReportError(ErrorCode::Expression);
   return program;
+}
+
+bool InfoHost::awaitsColumns(const XString& text) {
+  if (expressions_.columnsAreNamed() || expressions_.compile(text)) return false;
+  const std::vector<XExprError>& errors = expressions_.errors();
+  return std::any_of(errors.begin(), errors.end(),
+                     [](const XExprError& error) { return error.code == ExprErrorCode::UnknownVariable; });
 }
 
 BitmapRef InfoHost::downloadImage(const XString& url) {

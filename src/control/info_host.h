@@ -20,6 +20,7 @@ class InfoHost : public InfoServices {
 
   DocumentReader& documents() override { return ports_.documents; }
   const XExprProgram* compileExpression(const XString& text) override;
+  bool awaitsColumns(const XString& text) override;
   BitmapRef downloadImage(const XString& url) override;
   std::shared_ptr<DataSetControl> findDataSet(const XString& id) override;
 

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "binding/ambient_code_page.h"
 #include "control/error_table.h"
 #include "control/message_table.h"
 #include "control/refresh.h"
@@ -13,22 +14,6 @@ namespace tessera {
 namespace {
 
 constexpr std::int32_t defaultIndicatorWidth = 16;
-
-// Code pages of the host that stand for another one here.
-struct CodePageAlias {
-  std::uint32_t ambient;
-  std::int32_t stored;
-};
-constexpr std::array<CodePageAlias, 3> codePageAliases = {{{50949, 949}, {51949, 949}, {50001, 0}}};
-
-std::int32_t storedCodePage(const XValue& ambient) {
-  if (ambient.type() != VT_UI4) return 0;
-  const auto codePage = static_cast<std::uint32_t>(ambient.asInt64());
-  for (const CodePageAlias& alias : codePageAliases) {
-    if (alias.ambient == codePage) return alias.stored;
-  }
-  return static_cast<std::int32_t>(codePage);
-}
 
 }  // namespace
 
@@ -57,7 +42,7 @@ void Tessera::setClientSite(ClientSite* site) {
 
 void Tessera::quickActivate() {
   if (!site_) return;
-  codePage_ = storedCodePage(site_->ambientCodePage());
+  codePage_ = codePageOf(site_->ambientCodePage());
   parts_.images.setCodePage(ports_.codePages, codePage_);
 }
 

@@ -29,7 +29,9 @@ HResult Tessera::Focus() {
 }
 
 HResult Tessera::get_GetText(const XString& colid, std::int32_t index, std::int32_t type, XString& text) {
-  if (!parts_.link.dataSet()) return S_OK;
+  const bool asksData =
+      type == static_cast<std::int32_t>(TextKind::Cell) || type == static_cast<std::int32_t>(TextKind::Group);
+  if (asksData && !parts_.link.dataSet()) return S_OK;
   const ReadingScope reading(parts_, *this);
   TextScratch scratch;
   const TextSource source{parts_.link, parts_.eval, scratch};

@@ -66,15 +66,18 @@ CodeGenerator::Place CodeGenerator::literal(ExprType type, const XString& text) 
   return {program_.addLiteral(std::move(value)), type};
 }
 
+// The operators of a chain write one after the other into one slot: a sum of many texts is one text that
+// grows.
 CodeGenerator::Place CodeGenerator::chain(ExprTree::Id first) {
   Place left = operand(tree_.operation(first).left);
+  const CompiledProgram::Slot slot = program_.addSlot();
   for (ExprTree::Id id = first; id != ExprTree::none; id = tree_.operation(id).next) {
     const ExprTree::Operator& node = tree_.operation(id);
     const Place right = operand(node.right);
     const OperatorChoice choice = chooseOperator(node.code, left.type, right.type);
     if (!choice.fits) errors_.report(ExprErrorCode::OperandType);
     const CompiledProgram::Register result = program_.addRegister();
-    program_.addInstruction(choice.handler, nullptr, {left.at, right.at}, result);
+    program_.addInstruction(choice.handler, nullptr, {left.at, right.at}, result, slot);
     left = {result, choice.result};
   }
   return left;
@@ -93,7 +96,7 @@ CodeGenerator::Place CodeGenerator::call(const ExprTree::Operand& call) {
     arguments.push_back(literal(parameter.type, XString::fromNarrow(parameter.defaultText)).at);
   }
   const CompiledProgram::Register result = program_.addRegister();
-  program_.addInstruction(function.handler, &function, std::move(arguments), result);
+  program_.addInstruction(function.handler, &function, std::move(arguments), result, program_.addSlot());
   return {result, function.result};
 }
 
@@ -122,7 +125,7 @@ CodeGenerator::Place CodeGenerator::unknownCall(const ExprTree::Operand& call) {
 CodeGenerator::Place CodeGenerator::reference(const XExprFunction& function, std::int32_t number) {
   const CompiledProgram::Register index = program_.addLiteral(XValue::ofDouble(number));
   const CompiledProgram::Register result = program_.addRegister();
-  program_.addInstruction(function.handler, &function, {index}, result);
+  program_.addInstruction(function.handler, &function, {index}, result, program_.addSlot());
   return {result, function.result};
 }
 

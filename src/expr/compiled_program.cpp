@@ -10,9 +10,9 @@ CompiledProgram::Register CompiledProgram::addLiteral(XValue value) {
 }
 
 void CompiledProgram::addInstruction(ExprHandler handler, const XExprFunction* function,
-                                     std::vector<Register> arguments, Register result) {
+                                     std::vector<Register> arguments, Register result, Slot slot) {
   instructions_.push_back({handler, function, static_cast<std::uint32_t>(arguments_.size()),
-                           static_cast<std::uint32_t>(arguments.size()), result});
+                           static_cast<std::uint32_t>(arguments.size()), result, slot});
   arguments_.insert(arguments_.end(), arguments.begin(), arguments.end());
 }
 
@@ -24,14 +24,14 @@ void CompiledProgram::finish(Register result) {
 
 const XValue* CompiledProgram::evaluate(EvalState& state) const {
   state.error.reset();
-  EvalState::Run lent(state, instructions_.size(), registers_.size());
+  EvalState::Run lent(state, slotCount_, registers_.size());
   const XValue** registers = lent.frame().registers.data();
   std::copy(registers_.begin(), registers_.end(), registers);
   ExprCall call(context_, state, registers);
-  XValue* own = lent.frame().slots.data();
+  XValue* slots = lent.frame().slots.data();
   for (const Instruction& instruction : instructions_) {
-    call.begin(arguments_.data() + instruction.firstArgument, instruction.argumentCount, *own++,
-               instruction.function);
+    call.begin(arguments_.data() + instruction.firstArgument, instruction.argumentCount,
+               slots[instruction.slot], instruction.function);
     const XValue* value = instruction.handler(call);
     if (!value) return nullptr;
     registers[instruction.result] = value;

@@ -23,12 +23,14 @@ class CompiledProgram final : public XExprProgram {
   const XValue* evaluate(EvalState& state) const override;
   std::size_t instructionCount() const { return instructions_.size(); }
 
-  // Building. The last call is finish().
+  // Building. The last call is finish(). A slot keeps the value of the instruction that wrote it last.
+  using Slot = std::uint32_t;
   Register addLiteral(XValue value);
   Register addRegister() { return registerCount_++; }
+  Slot addSlot() { return slotCount_++; }
   // Registers that hold nothing are not evaluated; `function` is null for an operator.
   void addInstruction(ExprHandler handler, const XExprFunction* function, std::vector<Register> arguments,
-                      Register result);
+                      Register result, Slot slot);
   void finish(Register result);
 
  private:
@@ -38,6 +40,7 @@ class CompiledProgram final : public XExprProgram {
     std::uint32_t firstArgument;  // in arguments_
     std::uint32_t argumentCount;
     Register result;
+    Slot slot;
   };
   struct Literal {
     Register place;
@@ -50,6 +53,7 @@ class CompiledProgram final : public XExprProgram {
   std::vector<Literal> literals_;
   std::vector<const XValue*> registers_;  // what a run starts with
   Register registerCount_ = 0;
+  Slot slotCount_ = 0;
   Register result_ = 0;
 };
 

@@ -11,11 +11,6 @@ namespace {
 
 constexpr double secondsPerDay = 86400;
 
-const Locale& localeOf(const XExprContext& context) {
-  static const EnglishLocale english;
-  return context.locale ? *context.locale : english;
-}
-
 std::int32_t weekdayOf(const CalendarTime& time) {
   using namespace std::chrono;
   const sys_days date(year_month_day(year(time.year), month(static_cast<unsigned>(time.month)),

@@ -2,7 +2,7 @@
 
 #pragma once
 
-#include "platform/locale.h"
+#include "expr/xexpr_context.h"
 
 namespace tessera {
 
@@ -13,6 +13,12 @@ class EnglishLocale : public Locale {
   XString monthName(LocaleOwner owner, std::int32_t month) const override;
   DateOrder dateOrder() const override { return DateOrder::MonthDayYear; }
   XString datePattern() const override { return u"%m/%d/%Y"; }
+  char16_t decimalPoint() const override { return u'.'; }
 };
+
+inline const Locale& localeOf(const XExprContext& context) {
+  static const EnglishLocale english;
+  return context.locale ? *context.locale : english;
+}
 
 }  // namespace tessera

@@ -1,5 +1,6 @@
 #include "expr/expr_call.h"
 
+#include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
 #include <iterator>
@@ -7,6 +8,7 @@
 
 #include "expr/function_table.h"
 #include "expr/leading_number.h"
+#include "shared/number_text.h"
 
 namespace tessera {
 namespace {
@@ -38,7 +40,7 @@ bool isInteger(VarType type) {
 
 void writeReal(double number, XString& text) {
   fmt::memory_buffer digits;
-  fmt::format_to(std::back_inserter(digits), "{:f}", number);
+  fmt::format_to(std::back_inserter(digits), "{:f}", withoutNanSign(number));
   std::string_view kept(digits.data(), digits.size());
   if (kept.find('.') != kept.npos) {
     kept = kept.substr(0, kept.find_last_not_of('0') + 1);
@@ -71,6 +73,18 @@ void writeNumber(const XValue& value, XString& text) {
   }
   if (isInteger(value.type())) return text.assignNarrow(fmt::format_int(value.asInt64()).c_str());
   text.assign({});
+}
+
+const XValue* ExprCall::giveGrownText(std::size_t kept, std::u16string_view added) {
+  const std::size_t length = kept + added.size();
+  if (length > std::numeric_limits<std::int32_t>::max()) return failArguments();
+  const auto size = static_cast<std::int32_t>(length);
+  XString& text = own_->textBuffer();
+  char16_t* place = text.reserve(size);
+  if (!place) return failArguments();
+  std::copy(added.begin(), added.end(), place + kept);
+  text.releaseBuffer(size);
+  return endText();
 }
 
 const XValue* ExprCall::failArguments() {

@@ -137,7 +137,9 @@ class ExprCall {
     own_->textBuffer().releaseBuffer(size);
     return endText();
   }
-  // The same for a made-up text: a longer one than maxMadeText is an invalid argument.
+  // The first `kept` units of the text in the own slot, and another text behind them.
+  const XValue* giveGrownText(std::size_t kept, std::u16string_view added);
+  // The same as giveWrittenText() for a made-up text: a longer one than maxMadeText is an invalid argument.
   template <class Write>
   const XValue* giveMadeText(std::int64_t length, Write write) {
     return length > maxMadeText ? failArguments() : giveWrittenText(length, write);

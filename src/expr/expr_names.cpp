@@ -3,22 +3,31 @@
 #include <algorithm>
 #include <iterator>
 
+#include "expr/ascii.h"
 #include "expr/expression_host.h"
 #include "shared/compare.h"
 
 namespace tessera {
+namespace {
+
+std::u16string lowered(std::u16string_view name) {
+  std::u16string lower(name);
+  std::transform(lower.begin(), lower.end(), lower.begin(), lowerUnit);
+  return lower;
+}
+
+}  // namespace
 
 bool startsWithNoCase(std::u16string_view name, std::u16string_view typed) {
   return typed.size() <= name.size() && equalNoCase(name.substr(0, typed.size()), typed);
 }
 
-void ExprNames::addColumnName(const XString& name) {
-  if (std::find(columns_.begin(), columns_.end(), name) == columns_.end()) columns_.push_back(name);
-}
+void ExprNames::addColumnName(const XString& name) { columns_.insert(lowered(name)); }
 
 bool ExprNames::matchColumnName(std::u16string_view typed) const {
-  return std::any_of(columns_.begin(), columns_.end(),
-                     [typed](const XString& name) { return startsWithNoCase(name, typed); });
+  const std::u16string sought = lowered(typed);
+  const auto next = columns_.lower_bound(sought);
+  return next != columns_.end() && next->starts_with(sought);
 }
 
 bool ExprNames::matchKeyword(std::u16string_view typed) {

@@ -2,8 +2,9 @@
 
 #pragma once
 
+#include <set>
+#include <string>
 #include <string_view>
-#include <vector>
 
 #include <tessera/xstring.h>
 
@@ -16,7 +17,6 @@ bool startsWithNoCase(std::u16string_view name, std::u16string_view typed);
 class ExprNames {
  public:
   void clearColumnNames() { columns_.clear(); }
-  // A name that is there already is not added again.
   void addColumnName(const XString& name);
   bool matchColumnName(std::u16string_view typed) const;
 
@@ -25,7 +25,7 @@ class ExprNames {
   static std::int32_t keywordIndex(std::u16string_view typed);
 
  private:
-  std::vector<XString> columns_;
+  std::set<std::u16string, std::less<>> columns_;  // in lower case
 };
 
 }  // namespace tessera

@@ -29,7 +29,12 @@ class ExpressionEngine {
   }
 
   // The names that a bare word of an expression may mean.
-  void clearColumnNames() { compiler_.names().clearColumnNames(); }
+  void clearColumnNames() {
+    compiler_.names().clearColumnNames();
+    columnsAreNamed_ = true;
+  }
+  // Whether anybody has told the names, if only that there are none.
+  bool columnsAreNamed() const { return columnsAreNamed_; }
   // A name that another one starts with already is passed over.
   void addColumnName(const XString& name);
 
@@ -49,6 +54,7 @@ class ExpressionEngine {
   Programs programs_;
   Programs retired_;  // freed in the middle of a run
   std::vector<XExprError> errors_;
+  bool columnsAreNamed_ = false;
 };
 
 }  // namespace tessera

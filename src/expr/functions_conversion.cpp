@@ -7,6 +7,7 @@
 #include "expr/function_handlers.h"
 #include "expr/leading_number.h"
 #include "shared/compare.h"
+#include "shared/number_text.h"
 
 namespace tessera::expr_function {
 namespace {
@@ -26,7 +27,7 @@ const XValue* str(ExprCall& call) {
   const std::int32_t decimals = std::max(call.integer(2), 0);
   if (decimals > maxMadeText) return call.failArguments();
   fmt::memory_buffer digits;
-  fmt::format_to(std::back_inserter(digits), "{:.{}f}", call.number(0), decimals);
+  fmt::format_to(std::back_inserter(digits), "{:.{}f}", withoutNanSign(call.number(0)), decimals);
   const auto length = static_cast<std::int64_t>(digits.size());
   if (length > width && width < length - decimals - 1) return call.giveText(u"*");
   const std::int64_t kept = length > width ? keptLength(length, width, decimals) : length;

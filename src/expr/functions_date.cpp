@@ -31,7 +31,8 @@ const XValue* formatted(ExprCall& call, std::u16string_view pattern,
 }
 
 const XValue* giveFields(ExprCall& call, const CalendarTime& time) {
-  const auto number = dateNumber(time);
+  const auto rolled = withRolledDay(time);
+  const auto number = rolled ? dateNumber(*rolled) : std::nullopt;
   return number ? call.giveDate(*number) : failDate(call);
 }
 

@@ -1,7 +1,9 @@
 // Functions on numbers. Those that round give text.
 
+#include <algorithm>
 #include <cmath>
 
+#include "expr/english_locale.h"
 #include "expr/function_handlers.h"
 #include "shared/number_text.h"
 
@@ -10,8 +12,15 @@ namespace {
 
 constexpr std::int32_t textDigits = 15;
 
+// As the user writes it.
 const XValue* giveNumberText(ExprCall& call, double number) {
-  return call.giveNarrow(NumberText::ofReal(number, textDigits).view());
+  const NumberText text = NumberText::ofReal(number, textDigits);
+  const std::string_view digits = text.view();
+  const char16_t point = localeOf(call.context()).decimalPoint();
+  return call.giveWrittenText(static_cast<std::int64_t>(digits.size()), [&](char16_t* place) {
+    std::transform(digits.begin(), digits.end(), place,
+                   [point](char c) { return c == '.' ? point : static_cast<char16_t>(c); });
+  });
 }
 
 template <double (*function)(double)>

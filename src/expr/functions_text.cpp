@@ -6,6 +6,7 @@
 #include "expr/date_text.h"
 #include "expr/function_handlers.h"
 #include "shared/change_type.h"
+#include "shared/number_text.h"
 
 namespace tessera::expr_function {
 namespace {
@@ -50,7 +51,7 @@ XString paddedText(const XExprContext& context, const XValue& value) {
   XString text;
   switch (value.type()) {
     case VT_R8:
-      text.format("%.0f", value.asDouble());
+      text.format("%.0f", withoutNanSign(value.asDouble()));
       return text;
     case VT_DATE:
       return userDateText(context, value.asDouble());

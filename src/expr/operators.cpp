@@ -39,7 +39,9 @@ const XValue* giveShiftedDate(ExprCall& call, double date) {
 
 const XValue* addDate(ExprCall& call) { return giveShiftedDate(call, call.number(0) + call.number(1)); }
 
+// A left text in the operator's own slot, from the operator before, is added to.
 const XValue* join(ExprCall& call, std::u16string_view left, std::u16string_view right) {
+  if (left.data() == call.own().asText().chars()) return call.giveGrownText(left.size(), right);
   return call.giveWrittenText(static_cast<std::int64_t>(left.size() + right.size()), [&](char16_t* place) {
     std::copy(right.begin(), right.end(), std::copy(left.begin(), left.end(), place));
   });

@@ -1,6 +1,7 @@
 #include "geometry/column_edges.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace tessera {
 
@@ -11,21 +12,21 @@ bool passedOver(const ColumnRecord& column, const Rect& rect, const ExpandOption
   return !column.header.fix && rect.left < options.limit;
 }
 
-// Columns only ever push the edge the same way, so the order of the walk does not change where it ends, and
-// walking on from the new edge saves the restarts.
-template <class Pushed>
-std::int32_t expand(const ColumnList& columns, std::int32_t edge, const ExpandOptions& options,
-                    Pushed pushed) {
-  for (bool moved = true; moved;) {
-    moved = false;
-    for (const ColumnRecord& column : columns) {
-      const Rect& rect = options.useHeader ? column.header.rect : column.view.rect;
-      if (passedOver(column, rect, options) || rect.left >= edge || rect.right <= edge) continue;
-      edge = pushed(rect);
-      moved = true;
-    }
+struct Span {
+  std::int32_t left;
+  std::int32_t right;
+};
+
+// What may push an edge, in the order in which an edge on its way meets it: one walk finds where it ends.
+template <class Before>
+std::vector<Span> pushers(const ColumnList& columns, const ExpandOptions& options, Before before) {
+  std::vector<Span> spans;
+  for (const ColumnRecord& column : columns) {
+    const Rect& rect = options.useHeader ? column.header.rect : column.view.rect;
+    if (!passedOver(column, rect, options)) spans.push_back({rect.left, rect.right});
   }
-  return edge;
+  std::sort(spans.begin(), spans.end(), before);
+  return spans;
 }
 
 void shift(Rect& rect, std::int32_t dx) {
@@ -51,11 +52,21 @@ FixedRange fixedRange(const ColumnList& columns) {
 }
 
 std::int32_t ExpandRight(const ColumnList& columns, std::int32_t edge, const ExpandOptions& options) {
-  return expand(columns, edge, options, [](const Rect& rect) { return rect.right; });
+  const auto meetsFirst = [](const Span& a, const Span& b) { return a.left < b.left; };
+  for (const Span& span : pushers(columns, options, meetsFirst)) {
+    if (span.left >= edge) break;
+    edge = std::max(edge, span.right);
+  }
+  return edge;
 }
 
 std::int32_t ExpandLeft(const ColumnList& columns, std::int32_t edge, const ExpandOptions& options) {
-  return expand(columns, edge, options, [](const Rect& rect) { return rect.left; });
+  const auto meetsFirst = [](const Span& a, const Span& b) { return a.right > b.right; };
+  for (const Span& span : pushers(columns, options, meetsFirst)) {
+    if (span.right <= edge) break;
+    edge = std::min(edge, span.left);
+  }
+  return edge;
 }
 
 void ShiftColumns(ColumnList& columns, std::int32_t dx) {

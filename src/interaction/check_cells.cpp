@@ -1,6 +1,7 @@
 #include "interaction/check_cells.h"
 
 #include "interaction/grid_watch.h"
+#include "render/cell_painters.h"
 
 namespace tessera {
 namespace {
@@ -14,6 +15,17 @@ XValue truthLike(const XValue& like, bool truth) {
   if (isWhole(like)) return XValue::ofInt(truth ? 1 : 0);
   if (isReal(like)) return XValue::ofDouble(truth ? 1 : 0);
   return XValue::ofText(truth ? u"T" : u"F");
+}
+
+// What an empty cell counts as: `number` in a column of numbers, the empty text in the others.
+void fillEmpty(XValue& value, DataSetControl& dataSet, std::int32_t column, std::int32_t number) {
+  if (value.type() != VT_EMPTY) return;
+  std::int32_t type = columnText;
+  dataSet.GetColumnType(column, type);
+  const bool isWholeColumn = type == columnInteger || type == columnLong;
+  value = isWholeColumn           ? XValue::ofInt(number)
+          : type == columnDecimal ? XValue::ofDouble(number)
+                                  : XValue::ofText(u"");
 }
 
 bool isText(const XValue& value) { return value.type() == VT_BSTR; }
@@ -30,7 +42,7 @@ XValue checkedByMouse(const XValue& value) { return flipped(value, value.asText(
 XValue checkedByKey(const XValue& value) { return flipped(value, !value.asText().view().starts_with(u'T')); }
 
 bool isRadioSet(const XValue& value) {
-  if (isText(value)) return !value.asText().view().starts_with(u'F');
+  if (isText(value)) return !isOff(value.asText());
   return isNumber(value) && !isZero(value);
 }
 
@@ -43,7 +55,9 @@ void flipCheck(GridParts& parts, const ColumnRecord& column, std::int32_t row, C
   if (!dataSet) return;
   XValue value;
   dataSet->GetValueByName(row, column.refColumnId, value);
-  dataSet->SetValue(row, parts.link.columnIndex(column.refColumnId), rule(value));
+  const std::int32_t index = parts.link.columnIndex(column.refColumnId);
+  fillEmpty(value, *dataSet, index, 1);  // it is drawn as checked
+  dataSet->SetValue(row, index, rule(value));
 }
 
 // Each write notifies; one paint at the end is enough.
@@ -52,10 +66,11 @@ void setRadio(GridParts& parts, const GridServices& services, const ColumnRecord
   if (!dataSet) return;
   XValue value;
   dataSet->GetValueByName(row, column.refColumnId, value);
+  const std::int32_t index = parts.link.columnIndex(column.refColumnId);
+  fillEmpty(value, *dataSet, index, 0);  // nobody has chosen it
   if (isRadioSet(value)) return;
   const GridWatch watch(parts, services);
   const DrawHold hold(parts);
-  const std::int32_t index = parts.link.columnIndex(column.refColumnId);
   const std::int32_t count = parts.link.rowCount();
   const XValue unset = XValue::ofInt(0);
   for (std::int32_t other = 1; other <= count && watch.holds(); ++other)

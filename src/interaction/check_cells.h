@@ -17,6 +17,7 @@ namespace tessera {
 XValue checkedByMouse(const XValue& value);
 XValue checkedByKey(const XValue& value);
 
+// A text is set unless it is drawn as off, a number unless it is 0.
 bool isRadioSet(const XValue& value);
 // What the set cell of a column holds, in the type of the value that it had.
 XValue radioSetValue(const XValue& value);

@@ -1,4 +1,4 @@
-// The words and the date order of a language.
+// The words, the date order and the decimal point of a language.
 
 #pragma once
 
@@ -23,6 +23,8 @@ class Locale {
   virtual DateOrder dateOrder() const = 0;
   // How: %d, %m and %Y in that order, with what stands between them.
   virtual XString datePattern() const = 0;
+  // What the user writes between the digits of a number and those of its fraction.
+  virtual char16_t decimalPoint() const = 0;
 };
 
 }  // namespace tessera

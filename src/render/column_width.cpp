@@ -73,7 +73,8 @@ class WidthMeter {
   std::optional<std::int32_t> pictureWidth(std::int32_t row) {
     XValue& key = texts_.scratch.value;
     texts_.link.valueByName(row, column_.refColumnId, key);
-    if (key.type() != VT_BSTR) return std::nullopt;
+    const bool isMissing = key.type() == VT_EMPTY || key.type() == VT_NULL;
+    if (key.type() != VT_BSTR && !isMissing) return std::nullopt;
     const BitmapRef picture = images_.FindImage(key.asText());
     return withMargins(column_.view, picture ? picture->width : 0);
   }

@@ -5,7 +5,8 @@ namespace tessera {
 bool paintImageCell(const PaintContext& context, const CellJob& job) {
   XValue& key = context.scratch.text.value;
   context.model.link.valueByName(job.row.row.number, job.column.refColumnId, key);
-  if (key.type() != VT_BSTR) return false;
+  const bool isMissing = key.type() == VT_EMPTY || key.type() == VT_NULL;
+  if (key.type() != VT_BSTR && !isMissing) return false;
   const BitmapRef picture = context.model.images.FindImage(key.asText());
   DrawStyle style(job.column.view);
   style.image = picture.get();

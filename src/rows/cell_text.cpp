@@ -13,9 +13,11 @@ void formatScratch(const TextSource& source, const ColumnRecord& column, XString
   formatValue(column.view, source.scratch.value, source.eval, text);
 }
 
-// The text that the view has on every row; false when it has none.
+// The text that the view has of its own; false when the cell shows the data set's. A run that fails computes
+// the empty text.
 bool viewText(const TextSource& source, const ColumnRecord& column, XString& text) {
-  if (column.view.evaluate(DynamicSlot::Text, source.eval, source.scratch.value)) {
+  if (column.view.isDynamic(DynamicSlot::Text)) {
+    column.view.evaluate(DynamicSlot::Text, source.eval, source.scratch.value);
     formatScratch(source, column, text);
     return true;
   }

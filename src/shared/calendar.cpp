@@ -119,6 +119,17 @@ std::optional<CalendarTime> calendarTime(double dateNumber) {
                       seconds % 60};
 }
 
+std::optional<CalendarTime> withRolledDay(const CalendarTime& time) {
+  const auto first = dateNumber({.year = time.year, .month = time.month, .day = 1});
+  if (!first || !within(time.day, 0, 31)) return std::nullopt;
+  auto rolled = calendarTime(*first + (time.day - 1));
+  if (!rolled) return std::nullopt;
+  rolled->hour = time.hour;
+  rolled->minute = time.minute;
+  rolled->second = time.second;
+  return rolled;
+}
+
 std::optional<double> parseIsoDate(std::u16string_view text) {
   Scanner scanner(text);
   CalendarTime time;

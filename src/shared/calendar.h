@@ -29,6 +29,10 @@ std::optional<double> dateNumber(const CalendarTime& time);
 // The fields of a date number, rounded to the nearest second; nothing outside the years 100 to 9999.
 std::optional<CalendarTime> calendarTime(double dateNumber);
 
+// The time with a day that its month has: what goes beyond the month's end runs into the next one, day 0 is
+// the last day of the month before. Nothing for other days than 0 to 31 and for months outside the calendar.
+std::optional<CalendarTime> withRolledDay(const CalendarTime& time);
+
 // ISO 8601: "2024-05-01", "2024-05-01T13:30:00", a blank in place of the T; nothing for any other text.
 std::optional<double> parseIsoDate(std::u16string_view text);
 

@@ -2,8 +2,10 @@
 
 #pragma once
 
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string_view>
 
 #include <tessera/status.h>
@@ -28,6 +30,11 @@ struct Number {
 // A whole number, a decimal number or one with an exponent; white space around it does not count. Any other
 // text is DISP_E_TYPEMISMATCH, a number that a double cannot hold DISP_E_OVERFLOW.
 HResult parseNumber(std::u16string_view text, Number& number);
+
+// A no-number is printed without the sign that it may carry.
+inline double withoutNanSign(double number) {
+  return std::isnan(number) ? std::numeric_limits<double>::quiet_NaN() : number;
+}
 
 // The text of a number, kept on the stack.
 class NumberText {

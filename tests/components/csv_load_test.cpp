@@ -71,7 +71,7 @@ TEST(CsvLoad, CellsAsValuesAndTexts) {
   EXPECT_EQ(textAt(rows, 1, 3), "1.50");
   EXPECT_EQ(textAt(rows, 3, 3), "-0.25");
   for (std::int32_t column = 1; column <= 4; ++column) {
-    EXPECT_EQ(valueAt(rows, 2, column).type(), VT_EMPTY);
+    EXPECT_EQ(valueAt(rows, 2, column), column == 4 ? XValue::ofText(u"") : XValue());
     EXPECT_EQ(textAt(rows, 2, column), "");
   }
   for (const auto& [row, column] : {std::pair{0, 1}, {4, 1}, {1, 0}, {1, 5}, {-1, -1}}) {

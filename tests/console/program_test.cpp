@@ -164,9 +164,9 @@ TEST(Eval, TriesAnExpression) {
       {{"UPPER(\"a\")+\"b\""}, 0, "\"Ab\"\n", ""},
       {{"IIF(AMOUNT>100,NAME,\"-\")", "--form", "rows.csv"}, 0, "\"Kim\"\n", ""},
       {{"IIF(amount>100,name,\"-\")", "--form", "rows.csv", "--row", "2"}, 0, "\"-\"\n", ""},
-      {{"AMOUNT"}, 2, "", "tessera: Variable 'AMOUNT' is not found.\n"},
+      {{"AMOUNT"}, 2, "", "error 5 Variable 'AMOUNT' is not found.\n"},
       {{"1/0"}, 0, "1\n", ""},  // as the language has it
-      {{"LOG(0)"}, 2, "", "tessera: LOG(): Zero or negative used as argument.\n"},
+      {{"LOG(0)"}, 2, "", "error 11 LOG(): Zero or negative used as argument.\n"},
   };
   for (const Row& row : rows) {
     std::vector<std::string> arguments = {"eval"};

@@ -102,11 +102,11 @@ TEST(Transcripts, AreAllInTheList) {
   }
 }
 
-// The blocks of the page are one session.
-TEST(EditingGuide, SaysWhatTheConsoleSays) {
+// The blocks of a page are one session.
+void checkGuide(const std::string& page, const std::string& form) {
   std::vector<std::string> lines;
   bool isInside = false;
-  for (const std::string& line : splitLines(readText(sourcePath("docs/editing.md")))) {
+  for (const std::string& line : splitLines(readText(sourcePath("docs/" + page)))) {
     if (line.starts_with("```")) {
       isInside = line == "```console";
     } else if (isInside) {
@@ -115,12 +115,17 @@ TEST(EditingGuide, SaysWhatTheConsoleSays) {
   }
   const Recorded recorded = parseTranscript(lines);
   ASSERT_FALSE(recorded.commands.empty());
-  auto opened = openForm(sourcePath("examples/editors.xml"));
+  auto opened = openForm(sourcePath("examples/" + form));
   ASSERT_TRUE(opened) << opened.error().message();
   std::istringstream in(recorded.commands);
   std::ostringstream out;
   Console(std::move(*opened), out, {.strict = false, .echo = true}).run(in);
-  EXPECT_EQ(unifiedDiff(recorded.lines, splitLines(out.str())), "");
+  EXPECT_EQ(unifiedDiff(recorded.lines, splitLines(out.str())), "") << page;
+}
+
+TEST(Guides, SayWhatTheConsoleSays) {
+  checkGuide("editing.md", "editors.xml");
+  checkGuide("console.md", "orders.xml");
 }
 
 TEST(UnifiedDiff, ShowsChangesWithTheirSurroundings) {

@@ -70,7 +70,7 @@ TEST(ValueText, WritesEveryNumberType) {
       {integer(VT_UI8, -1), "18446744073709551615L"},
       {real4(0.1f), "0.1"},
       {real4(3), "3.0"},
-      {XValue::ofDouble(std::nan("")), "nan"},
+      {XValue::ofDouble(-std::nan("")), "nan"},
       {XValue::ofDate(1e9), "date:1000000000.0"},
   };
   for (const ValueRow& row : rows) EXPECT_EQ(valueText(row.value), row.text);

@@ -1,5 +1,6 @@
 // Edits, open lists, the selection and its flags while the data set changes its rows.
 
+#include "components/folder_image_set.h"
 #include "tests/control/control_fixture.h"
 
 namespace tessera {
@@ -15,6 +16,10 @@ constexpr const char16_t* editableColumns =
     u"<COLUMN id=\"c\" refcolid=\"B\"><HEADER left=\"160\" right=\"190\" top=\"0\" bottom=\"20\"/>"
     u"<VIEW left=\"160\" right=\"190\" top=\"0\" bottom=\"20\"/>"
     u"<CHILD type=\"combo\"><COMBOITEM code=\"typed\" text=\"t\"/></CHILD></COLUMN></GRID>";
+
+class NoPictures : public PictureLoader {
+  BitmapRef load(std::span<const std::byte>) override { return nullptr; }
+};
 
 // Column B holds the row's number, too.
 class EditedRows : public ControlTest {
@@ -70,6 +75,8 @@ class EditedRows : public ControlTest {
   }
   EditorController& editors() { return control.controllers().editors; }
 
+  NoPictures noPictures;
+  std::shared_ptr<FolderImageSet> pictures = std::make_shared<FolderImageSet>("pictures", "", noPictures);
   std::shared_ptr<MemoryDataSet> data;
 };
 
@@ -99,6 +106,7 @@ TEST_F(EditedRows, TheTextFindsItsRow) {
       {"the row and its subtotal go", grouped, 5, remove(5), false, "1  2  4  "},
       {"rows at the end", {}, 3, [](MemoryDataSet& rows) { rows.appendRows(1); }, true, "1 2 typed 4  "},
       {"fewer rows", {}, 3, [](MemoryDataSet& rows) { rows.notifier().rowsAdded(2); }, false, "1 2 3 4 "},
+      {"new pictures", {}, 3, [this](MemoryDataSet&) { pictures->reload(); }, false, "1 2 typed 4 "},
       {"the current row moves",
        {},
        3,
@@ -115,6 +123,8 @@ TEST_F(EditedRows, TheTextFindsItsRow) {
   for (const Row& row : table) {
     SCOPED_TRACE(row.what);
     openWith(4, row.options);
+    site.objects["pictures"] = pictures;
+    control.put_ImageDataID(u"pictures");
     edit(row.row);
     row.act(*data);
     EXPECT_EQ(editors().active(), row.goesOn);

@@ -69,10 +69,10 @@ TEST_F(ExpressionsTest, OnesThatDoNotCompileAreReportedAndLeaveThePlainValue) {
   EXPECT_EQ(control.parts().config.columns.head()->value().view.effectiveTextColor(state), 0u);
 }
 
-// The indicator is configured before there are any columns, and outlives every Refresh.
+// The indicator is configured before there are any columns, and outlives every Refresh and every text that
+// does not compile.
 TEST_F(ExpressionsTest, TheIndicatorGetsItsExpressionsBack) {
   control.put_IndicatorInfo(u"<I bgcolor=\"@IIF(A&gt;2,'red','blue')\"/>");
-  EXPECT_EQ(events.take(), "OnError 4 Expression Error; ");
   addData(4);
   open();
   EXPECT_EQ(events.take(), "");
@@ -82,7 +82,12 @@ TEST_F(ExpressionsTest, TheIndicatorGetsItsExpressionsBack) {
   EXPECT_EQ(indicator.effectiveBackColor(state), rgb(0xFF, 0, 0));
   control.Refresh();
   EXPECT_EQ(indicator.effectiveBackColor(state), rgb(0xFF, 0, 0));
-  EXPECT_NE(indicator.expressions[1], nullptr);
+  control.put_IndicatorInfo(u"<I bgcolor=\"@NOSUCH\"/>");
+  EXPECT_EQ(events.take(), "OnError 4 Expression Error; ");
+  EXPECT_EQ(indicator.effectiveBackColor(state), rgb(0xFF, 0, 0));
+  control.Refresh();
+  EXPECT_EQ(events.take(), "");
+  EXPECT_EQ(indicator.effectiveBackColor(state), rgb(0xFF, 0, 0));
 }
 
 // Another data set without the column: reported once, however often the grid refreshes.
@@ -184,6 +189,7 @@ TEST_F(GridHostTest, VariablesAndSums) {
       {u"GFSUBSUM(A,2)", 1, "10"},
       {u"GFSUBREALCOUNT()", 1, "5"},
       {u"GFSUM(B)", 1, "0"},
+      {u"GFMAX(B)", 1, "0"},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(evaluate(row.text, row.row), row.result) << XString(row.text).toUtf8() << " in " << row.row;

@@ -46,6 +46,16 @@ TEST(ExpressionEngine, WarmRunsAllocateNothing) {
   EXPECT_EQ(allocationCount(), before);
 }
 
+TEST(ExpressionEngine, ASumOfManyTextsKeepsOneText) {
+  SampleEngine sample;
+  std::u16string text = u"'a'";
+  for (int i = 1; i < 40; ++i) text += u"+'a'";
+  const XExprProgram* program = sample.engine.compile(text);
+  const std::int64_t before = livingAllocations();
+  ASSERT_EQ(program->evaluate(sample.state)->asText().length(), 40);
+  EXPECT_LT(livingAllocations() - before, 10);
+}
+
 TEST(ExpressionEngine, ARunLeavesTheRowAlone) {
   SampleEngine sample;
   sample.evaluate("COLVAL(3,1)+NEXTREC");

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "expr/english_locale.h"
 #include "expr/sample_rows.h"
 
 namespace tessera::test {
@@ -177,6 +178,15 @@ TEST_F(FunctionsTest, Numbers) {
   check(rows);
 }
 
+TEST_F(FunctionsTest, TheDecimalPointOfTheUser) {
+  class Comma : public EnglishLocale {
+    char16_t decimalPoint() const override { return u','; }
+  };
+  const Comma comma;
+  sample.engine.setPlace(&comma, &sample.clock);
+  EXPECT_EQ(sample.evaluate("ROUND(2.345,2)+STR(2.5,4,1)"), "\"2,35 2.5\"");
+}
+
 TEST_F(FunctionsTest, NumbersAndTexts) {
   const Row rows[] = {
       {"STR(1234)", "\"      1234\""},
@@ -221,7 +231,9 @@ TEST_F(FunctionsTest, NumbersAndTexts) {
 TEST_F(FunctionsTest, DatesAndTimes) {
   const Row rows[] = {
       {"DATE()", "{2024-03-09 14:30:05}"},
-      {"DATE(2023,2,29)", noDate},
+      {"DATE(2001,2,29)", "{2001-03-01}"},
+      {"DATETIME(2024,1,0,6)", "{2023-12-31 06:00:00}"},
+      {"DATE(2024,1,32)", noDate},
       {"DATE(2024)", noDate},
       {"DATE(99,1,1)", noDate},
       {"DATETIME()", "{2024-03-09 14:30:05}"},

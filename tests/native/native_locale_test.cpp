@@ -11,12 +11,13 @@ namespace {
 
 TEST(NativeLocale, EnglishWhereThereIsNoOtherLanguage) {
   for (const char* name : {"C", "POSIX", "xx_YY.nonsense", ""}) {
-    const NativeLocale locale(name, name);
+    const NativeLocale locale(name, name, name);
     EXPECT_EQ(locale.weekdayName(LocaleOwner::User, 0).toUtf8(), "Sunday") << name;
     EXPECT_EQ(locale.weekdayName(LocaleOwner::System, 6).toUtf8(), "Saturday") << name;
     EXPECT_EQ(locale.monthName(LocaleOwner::User, 1).toUtf8(), "January") << name;
     EXPECT_EQ(locale.monthName(LocaleOwner::System, 12).toUtf8(), "December") << name;
     EXPECT_EQ(locale.dateOrder(), DateOrder::MonthDayYear) << name;
+    EXPECT_EQ(locale.decimalPoint(), u'.') << name;
   }
 }
 

@@ -277,14 +277,10 @@ Reply runNormalize(CommandContext&, std::string_view rest) {
 Reply runEval(CommandContext& context, std::string_view rest) {
   const Token row{XString::fromNarrow(takeWord(rest)), false};
   if (!row.number()) return noNumber(row);
-  Evaluation evaluation =
+  const Evaluation evaluation =
       evaluateExpression(context.host.control().parts().link, nullptr, &context.host.desktop().clock,
                          *row.number(), utf16FromUtf8(rest));
-  if (evaluation.messages.empty()) return Reply::of(evaluation.value);
-  if (evaluation.compiled) return Reply::error(evaluation.messages.front());
-  Reply reply = Reply::error("the expression does not compile");
-  reply.lines = std::move(evaluation.messages);
-  return reply;
+  return evaluation.errors.empty() ? Reply::of(evaluation.value) : Reply::ofLines(evaluation.errorLines());
 }
 
 Reply streamFault(const std::string& path, HResult status) {

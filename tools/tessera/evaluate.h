@@ -9,6 +9,7 @@
 #include <tessera/xvalue.h>
 
 #include "binding/data_link.h"
+#include "expr/xexpr_error.h"
 #include "platform/clock.h"
 #include "platform/locale.h"
 
@@ -17,8 +18,10 @@ namespace tessera {
 struct Evaluation {
   XValue value;
   // What is wrong with the text, or why its run gave no value; empty when there is a value.
-  std::vector<std::string> messages;
-  bool compiled = false;
+  std::vector<XExprError> errors;
+
+  // A line each: "error 5 Variable 'X' is not found."
+  std::vector<std::string> errorLines() const;
 };
 
 // Compiles and runs `text` for a row, with the names of the columns that the data set has at the moment.

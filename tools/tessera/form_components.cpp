@@ -1,5 +1,8 @@
 #include "tools/tessera/form_components.h"
 
+#include "backends/native/iconv_code_pages.h"
+#include "binding/ambient_code_page.h"
+
 namespace tessera {
 
 namespace {
@@ -19,8 +22,11 @@ Loaded<FormComponents> loadComponents(const Form& form, PictureLoader& pictures,
     if (!opened) return placed(form, data.line, opened.error());
     components.dataSets.push_back(std::move(*opened));
   }
+  const auto narrow = [page = codePageOf(form.codePage)](std::u16string_view text) {
+    return IconvCodePages().toNarrow(page, text);
+  };
   for (const ImageSetForm& images : form.imageSets) {
-    auto set = std::make_shared<FolderImageSet>(images.id, images.folder, pictures);
+    auto set = std::make_shared<FolderImageSet>(images.id, images.folder, pictures, narrow);
     if (!set->fault().empty()) return placed(form, images.line, {images.folder, 0, set->fault()});
     components.imageSets.push_back(std::move(set));
   }

@@ -15,7 +15,7 @@ struct CursorName {
 };
 
 constexpr CursorName cursorNames[] = {
-    {Cursor::Arrow, "arrow"},       {Cursor::Beam, "beam"},
+    {Cursor::Arrow, "arrow"},       {Cursor::Beam, "ibeam"},
     {Cursor::Cross, "cross"},       {Cursor::No, "no"},
     {Cursor::Help, "help"},         {Cursor::Wait, "wait"},
     {Cursor::Starting, "starting"}, {Cursor::SizeWE, "size"},

@@ -71,8 +71,8 @@ int runEval(const DataLink& link, const Options& options, ProgramStreams streams
   const NativeClock clock;
   const Evaluation evaluation =
       evaluateExpression(link, &locale, &clock, options.row, utf16FromUtf8(options.expression));
-  for (const std::string& message : evaluation.messages) fail(streams.err, message);
-  if (!evaluation.messages.empty()) return badInput;
+  for (const std::string& line : evaluation.errorLines()) streams.err << line << '\n';
+  if (!evaluation.errors.empty()) return badInput;
   streams.out << literalText(evaluation.value) << '\n';
   return 0;
 }

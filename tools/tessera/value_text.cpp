@@ -27,7 +27,7 @@ constexpr Escape escapes[] = {{'"', u'"'},  {'\\', u'\\'}, {'b', u'\b'}, {'f', u
 template <class Real>
 std::string realText(Real value) {
   if (std::isinf(value)) return value < 0 ? "-1e999" : "1e999";
-  std::string text = fmt::format("{}", value);
+  std::string text = std::isnan(value) ? "nan" : fmt::format("{}", value);
   const bool isWhole = text.find_first_of(".en") == std::string::npos;
   return isWhole ? text + ".0" : text;
 }
