@@ -5,6 +5,7 @@
 #include <charconv>
 
 #include "config/display_format.h"
+#include "shared/real_text.h"
 
 namespace tessera {
 namespace {
@@ -18,9 +19,8 @@ constexpr std::size_t mostRealChars = 320 + mostDecimals;
 void realText(double value, std::int32_t decimals, XString& out) {
   std::array<char, mostRealChars> text;
   const std::int32_t digits = decimals < 0 ? defaultDecimals : std::min(decimals, mostDecimals);
-  const auto end =
-      std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, digits);
-  out.assignNarrow({text.data(), static_cast<std::size_t>(end.ptr - text.data())});
+  const char* const end = writeReal(text.data(), text.data() + text.size(), value, RealForm::Fixed, digits);
+  out.assignNarrow({text.data(), static_cast<std::size_t>(end - text.data())});
 }
 
 void integerText(std::int64_t value, XString& out) {
