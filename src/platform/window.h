@@ -92,8 +92,9 @@ class Window {
   virtual std::unique_ptr<EditBox> createEditBox(EditBoxOwner& owner) = 0;
   virtual std::unique_ptr<ListBox> createListBox(ListBoxOwner& owner) = 0;
   virtual InputMethod& inputMethod() = 0;
-  // Shows a menu at a screen point and returns the code of the item chosen, 0 for none. Modal.
-  virtual std::int32_t trackPopupMenu(std::span<const PopupMenuItem> items, Point screen) = 0;
+  // Shows a menu at a screen point; the items are borrowed for the call. `chosen` gets the code of the item
+  // that was picked, 0 for none: before the call returns, or later, but never after the window's end.
+  virtual void trackPopupMenu(std::span<const PopupMenuItem> items, Point screen, MenuAnswer chosen) = 0;
 };
 
 }  // namespace tessera
