@@ -29,8 +29,8 @@ bool isPlainName(const std::string& key) {
 
 }  // namespace
 
-FolderImageSet::FolderImageSet(std::string id, fs::path folder, PictureLoader& loader)
-    : id_(std::move(id)), folder_(std::move(folder)), loader_(loader) {
+FolderImageSet::FolderImageSet(std::string id, fs::path folder, PictureDecoder decode)
+    : id_(std::move(id)), folder_(std::move(folder)), decode_(std::move(decode)) {
   list();
 }
 
@@ -67,18 +67,16 @@ void FolderImageSet::Unadvise(ImageSetNotifications* sink) { sinks_.unadvise(sin
 
 void FolderImageSet::GetID(XString& id) { id = XString::fromNarrow(id_); }
 
-bool FolderImageSet::GetImage(const std::string& key, Picture& picture) {
-  if (!isPlainName(key)) return false;
+Picture FolderImageSet::picture(const std::string& key) const {
+  if (!isPlainName(key)) return {};
   const auto found = files_.find(key);
-  if (found == files_.end()) return false;
+  if (found == files_.end()) return {};
   for (const fs::path& path : found->second) {
     const std::vector<std::byte> bytes = bytesOf(path);
-    const BitmapRef bitmap = bytes.empty() ? nullptr : loader_.load(bytes);
-    if (!bitmap) continue;
-    picture = {bitmap->width, bitmap->height, bitmap->pixels};
-    return true;
+    const BitmapRef bitmap = bytes.empty() ? nullptr : decode_(bytes);
+    if (bitmap) return {bitmap->width, bitmap->height, bitmap->pixels};
   }
-  return false;
+  return {};
 }
 
 }  // namespace tessera

@@ -2,25 +2,31 @@
 
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <map>
+#include <span>
 #include <string>
 #include <vector>
 
 #include <tessera/image_set_control.h>
 
 #include "components/sink_list.h"
-#include "platform/picture_loader.h"
+#include "shared/bitmap.h"
 
 namespace tessera {
 
+// Makes a picture of a file's bytes; null when they are none.
+using PictureDecoder = std::function<BitmapRef(std::span<const std::byte> bytes)>;
+
 // The key of a picture is its file name without the ending, letters as written. Of several files with one key
-// the first by name counts that the loader can read. Only files in the folder itself are reached: a key with
+// the first by name counts that the decoder can read. Only files in the folder itself are reached: a key with
 // a path separator or ".." is no picture. The folder is listed when the set is made and by reload().
 class FolderImageSet final : public ImageSetControl, public PictureSource {
  public:
-  // `loader` is borrowed and must outlive the set. A folder that cannot be listed holds no pictures.
-  FolderImageSet(std::string id, std::filesystem::path folder, PictureLoader& loader);
+  // A folder that cannot be listed holds no pictures.
+  FolderImageSet(std::string id, std::filesystem::path folder, PictureDecoder decode);
   ~FolderImageSet() override;
   FolderImageSet(const FolderImageSet&) = delete;
   FolderImageSet& operator=(const FolderImageSet&) = delete;
@@ -35,14 +41,16 @@ class FolderImageSet final : public ImageSetControl, public PictureSource {
   HResult Advise(ImageSetNotifications* sink) override;
   void Unadvise(ImageSetNotifications* sink) override;
   void GetID(XString& id) override;
-  bool GetImage(const std::string& key, Picture& picture) override;
+  // Answers at once.
+  void GetImage(const std::string& key, Answer answer) override { answer(picture(key)); }
 
  private:
   void list();
+  Picture picture(const std::string& key) const;
 
   std::string id_;
   std::filesystem::path folder_;
-  PictureLoader& loader_;
+  PictureDecoder decode_;
   std::map<std::string, std::vector<std::filesystem::path>> files_;  // by key
   std::string fault_;
   SinkList<ImageSetNotifications> sinks_;

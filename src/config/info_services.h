@@ -9,7 +9,7 @@
 
 #include "expr/xexpr_program.h"
 #include "platform/document.h"
-#include "shared/bitmap.h"
+#include "shared/late_bitmap.h"
 
 namespace tessera {
 
@@ -20,8 +20,8 @@ class InfoServices {
   virtual DocumentReader& documents() = 0;
   // Null when the text does not compile; the failure has been reported then.
   virtual const XExprProgram* compileExpression(const XString& text) = 0;
-  // The picture at an address, fetched at once; null when there is none or `url` is empty.
-  virtual BitmapRef downloadImage(const XString& url) = 0;
+  // The picture at an address, which comes later if there is one; none when `url` is empty.
+  virtual LateBitmap downloadImage(const XString& url) = 0;
   // A further data set on the host, not subscribed to; null when there is none.
   virtual std::shared_ptr<DataSetControl> findDataSet(const XString& id) = 0;
 };

@@ -44,11 +44,9 @@ class FakeImageSet : public ImageSetControl, public PictureSource {
   void Unadvise(ImageSetNotifications*) override { sink = nullptr; }
   void GetID(XString& value) override { value = id; }
   // A picture of one pixel for every key in `keys`.
-  bool GetImage(const std::string& key, Picture& picture) override {
+  void GetImage(const std::string& key, Answer answer) override {
     asked += key + " ";
-    if (!keys.contains(key)) return false;
-    picture = keys[key];
-    return true;
+    answer(keys.contains(key) ? keys[key] : Picture());
   }
 
   XString id;

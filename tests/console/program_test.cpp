@@ -9,6 +9,7 @@
 #include "backends/native/files.h"
 #include "backends/native/pixbuf_picture_loader.h"
 #include "console/scratch_folder.h"
+#include "tools/tessera/commands.h"
 #include "tools/tessera/event_handlers.h"
 #include "tools/tessera/form_host.h"
 #include "tools/tessera/grid_report.h"
@@ -33,7 +34,7 @@ Outcome run(const std::vector<std::string>& arguments, const std::string& input 
 BitmapRef readPicture(const std::string& path) {
   const FileResult bytes = readFile(path);
   const auto* content = std::get_if<FileBytes>(&bytes);
-  return content ? PixbufPictureLoader().load(*content) : nullptr;
+  return content ? decodePicture(*content) : nullptr;
 }
 
 void makeDatabase(const std::string& path, const std::string& sql) {
@@ -260,6 +261,29 @@ TEST(GridReport, CostsThePageAndNotTheRows) {
   EXPECT_EQ(lines[1], "rows 21 of 100000 top 98990");
   EXPECT_EQ(lines[2], "row 98990 level 0 state 1");
   EXPECT_LE(host.control().parts().rows.nodePages(), 4u);
+}
+
+// At the end of every command, and earlier where a handler says so.
+TEST(PostedWork, RunsBeforeTheReply) {
+  auto opened = openForm(TESSERA_SOURCE_DIR "/examples/editors.xml");
+  ASSERT_TRUE(opened) << opened.error().message();
+  std::ostringstream out;
+  Transcript transcript(out, false);
+  CommandContext* present = nullptr;
+  EventHandlers handlers(transcript,
+                         [&](const std::string& line) { out << runCommandLine(*present, line).last << ' '; });
+  FormHost host(std::move(*opened), &handlers);
+  CommandContext context{host, handlers};
+  present = &context;
+  const auto post = [&] { host.desktop().dispatcher.post([&out] { out << "posted "; }); };
+  runCommandLine(context, "on OnSelChange do wait");
+  out.str("");
+  post();
+  runCommandLine(context, "get RowPosition");
+  EXPECT_EQ(out.str(), "posted ");
+  post();
+  runCommandLine(context, "put RowPosition 2");
+  EXPECT_EQ(out.str().substr(7), "! OnSelChange(\"job\", 2)\nposted ok ! OnSelChanged(\"job\", 2)\n");
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ class FakeImageSet : public ImageSetControl, public PictureSource {
   HResult Advise(ImageSetNotifications*) override { return S_OK; }
   void Unadvise(ImageSetNotifications*) override {}
   void GetID(XString& id) override { id = u"images"; }
-  bool GetImage(const std::string& key, Picture& picture) override;
+  void GetImage(const std::string& key, Answer answer) override;
 };
 
 // Binds `link` to `imageSet`, whose notifications nobody hears.

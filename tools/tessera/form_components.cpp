@@ -11,7 +11,7 @@ FormError placed(const Form& form, int line, const LoadError& error) {
 
 }  // namespace
 
-Loaded<FormComponents> loadComponents(const Form& form, PictureLoader& pictures,
+Loaded<FormComponents> loadComponents(const Form& form, const PictureDecoder& decode,
                                       const LoadProgress& progress) {
   FormComponents components;
   for (const DataSetForm& data : form.dataSets) {
@@ -20,7 +20,7 @@ Loaded<FormComponents> loadComponents(const Form& form, PictureLoader& pictures,
     components.dataSets.push_back(std::move(*opened));
   }
   for (const ImageSetForm& images : form.imageSets) {
-    auto set = std::make_shared<FolderImageSet>(images.id, images.folder, pictures);
+    auto set = std::make_shared<FolderImageSet>(images.id, images.folder, decode);
     if (!set->fault().empty()) return placed(form, images.line, {images.folder, 0, set->fault()});
     components.imageSets.push_back(std::move(set));
   }
