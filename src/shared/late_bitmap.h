@@ -25,6 +25,8 @@ class LateBitmap {
   // Null while there is none.
   const Bitmap* get() const { return place_ ? place_->get() : nullptr; }
   explicit operator bool() const { return get() != nullptr; }
+  // The same picture now, or both none.
+  bool operator==(const LateBitmap& other) const { return get() == other.get(); }
 
  private:
   std::shared_ptr<BitmapRef> place_;
