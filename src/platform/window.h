@@ -47,8 +47,9 @@ struct Modifiers {
   bool shift = false;
 };
 
-// The window of one control. The host makes it and calls the control's message entry; the control holds it
-// between its creation and its destruction messages.
+// The window of one control. It makes what has a place in it and ends with it, and takes no further ports.
+// The host makes it and calls the control's message entry; the control holds it between its creation and its
+// destruction messages.
 class Window {
  public:
   virtual ~Window() = default;

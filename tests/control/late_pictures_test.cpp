@@ -1,5 +1,6 @@
 #include "platform/picture_loader.h"
 #include "tests/control/control_fixture.h"
+#include "tests/support/fake_image_set.h"
 #include "tests/support/recording_canvas.h"
 
 namespace tessera {
@@ -8,14 +9,11 @@ namespace {
 using namespace test;
 
 // Answers when the test says so.
-class LateImages : public ImageSetControl, public PictureSource {
+class LateImages : public FakeImageSet {
  public:
-  HResult Advise(ImageSetNotifications*) override { return S_OK; }
-  void Unadvise(ImageSetNotifications*) override {}
-  void GetID(XString& id) override { id = u"images"; }
-  void GetImage(const std::string& key, Answer answer) override { asked[key] = std::move(answer); }
+  void GetImage(const std::string& key, Answer answer) override { answers[key] = std::move(answer); }
 
-  std::map<std::string, Answer> asked;
+  std::map<std::string, Answer> answers;
 };
 
 class LateHttp : public HttpClient, public PictureLoader {
@@ -49,13 +47,13 @@ TEST_F(LatePictures, ShowWhenTheyComeAndOnlyThoseOfShownRowsAreAskedFor) {
       u"type='image'/></COLUMN></GRID>");
   control.windowCreated(window);
   EXPECT_EQ(picturesPainted(), 0u);
-  ASSERT_EQ(images->asked.size(), 2u);
+  ASSERT_EQ(images->answers.size(), 2u);
   const int repaints = window.repaints;
-  images->asked["a"]({2, 2, std::vector<std::uint32_t>(4, 0xFF112233)});
+  images->answers["a"]({2, 2, std::vector<std::uint32_t>(4, 0xFF112233)});
   EXPECT_EQ(window.repaints, repaints + 1);
   EXPECT_EQ(picturesPainted(), 2u);
-  EXPECT_EQ(images->asked.size(), 2u);
-  const auto late = images->asked["b"];
+  EXPECT_EQ(images->answers.size(), 2u);
+  const auto late = images->answers["b"];
   control.put_ImageDataID(u"");
   late({2, 2, std::vector<std::uint32_t>(4, 0xFF112233)});
   EXPECT_EQ(picturesPainted(), 0u);

@@ -20,6 +20,7 @@ void FakeImageSet::add(const std::string& key, std::int32_t width, std::int32_t 
 }
 
 void FakeImageSet::GetImage(const std::string& key, Answer answer) {
+  asked += key + " ";
   const auto found = pictures.find(key);
   answer(found == pictures.end() ? Picture() : found->second);
 }
