@@ -1,12 +1,9 @@
 #include "components/csv_loader.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <limits>
 #include <optional>
+#include <streambuf>
 #include <unordered_map>
 #include <unordered_set>
 #include <utility>
@@ -45,13 +42,36 @@ std::vector<std::string> columnNames(const std::vector<std::string>& header) {
   return names;
 }
 
-class CsvFile {
+// Bytes of somebody else as the buffer of a stream that can go to any place of them.
+class BytesBuffer : public std::streambuf {
  public:
-  CsvFile(const std::string& path, std::span<const FieldSpec> fields, const LoadProgress& progress)
-      : path_(path), fields_(fields), progress_(progress) {
-    std::error_code unknown;
-    const std::uintmax_t size = std::filesystem::file_size(path, unknown);
-    if (!unknown) size_ = static_cast<std::int64_t>(size);
+  // A stream buffer that is only read from writes nothing.
+  explicit BytesBuffer(std::string_view bytes) : begin_(const_cast<char*>(bytes.data())) {
+    setg(begin_, begin_, begin_ + bytes.size());
+  }
+
+ protected:
+  pos_type seekoff(off_type offset, std::ios::seekdir from, std::ios::openmode) override {
+    const char* const base = from == std::ios::beg ? begin_ : from == std::ios::cur ? gptr() : egptr();
+    return seekpos(base - begin_ + offset, std::ios::in);
+  }
+  pos_type seekpos(pos_type place, std::ios::openmode) override {
+    if (off_type(place) < 0 || off_type(place) > egptr() - begin_) return pos_type(off_type(-1));
+    setg(begin_, begin_ + off_type(place), egptr());
+    return place;
+  }
+
+ private:
+  char* begin_;
+};
+
+class CsvText {
+ public:
+  CsvText(std::istream& in, const std::string& name, std::span<const FieldSpec> fields,
+          const LoadProgress& progress)
+      : in_(in), name_(name), fields_(fields), progress_(progress), start_(in.tellg()) {
+    in_.seekg(0, std::ios::end);
+    if (in_) size_ = in_.tellg() - start_;
   }
 
   // Nothing: no fault.
@@ -59,43 +79,43 @@ class CsvFile {
   std::optional<LoadError> fill(const Survey& survey, ColumnStore& store);
 
  private:
-  LoadError error(std::int64_t line, std::string reason) const { return {path_, line, std::move(reason)}; }
-  std::optional<LoadError> open(std::ifstream& in) const;
+  LoadError error(std::int64_t line, std::string reason) const { return {name_, line, std::move(reason)}; }
+  std::optional<LoadError> goBack();
   std::optional<LoadError> faultOf(const CsvReader& reader) const;
   std::optional<LoadError> checkNames(const Survey& survey) const;
   const FieldSpec* fieldOf(const std::string& name) const;
   LoadError wrongCell(const CsvReader& reader, std::size_t column, const std::string& name) const;
-  // Once for each block of the file; `before` are the bytes of the readings that are over.
+  // Once for each block of the text; `before` are the bytes of the readings that are over.
   bool goesOn(const CsvReader& reader, std::int64_t before);
 
-  const std::string& path_;
+  std::istream& in_;
+  const std::string& name_;
   std::span<const FieldSpec> fields_;
   const LoadProgress& progress_;
+  std::istream::pos_type start_;
   std::int64_t size_ = 0;  // bytes; 0: not known
   std::int64_t told_ = 0;  // bytes that the progress was told of last
 };
 
-std::optional<LoadError> CsvFile::open(std::ifstream& in) const {
-  std::error_code ignored;
-  if (std::filesystem::is_directory(path_, ignored)) return error(0, "it is a folder and not a file");
-  errno = 0;
-  in.open(path_, std::ios::binary);
-  if (!in) return error(0, std::string("it cannot be opened: ") + std::strerror(errno));
+std::optional<LoadError> CsvText::goBack() {
+  in_.clear();
+  in_.seekg(start_);
+  if (!in_) return error(0, "it cannot be read twice");
   return std::nullopt;
 }
 
-std::optional<LoadError> CsvFile::faultOf(const CsvReader& reader) const {
+std::optional<LoadError> CsvText::faultOf(const CsvReader& reader) const {
   if (reader.fault().empty()) return std::nullopt;
   return error(reader.line(), reader.fault());
 }
 
-const FieldSpec* CsvFile::fieldOf(const std::string& name) const {
+const FieldSpec* CsvText::fieldOf(const std::string& name) const {
   const auto found = std::find_if(fields_.begin(), fields_.end(),
                                   [&](const FieldSpec& field) { return field.name == name; });
   return found == fields_.end() ? nullptr : &*found;
 }
 
-std::optional<LoadError> CsvFile::checkNames(const Survey& survey) const {
+std::optional<LoadError> CsvText::checkNames(const Survey& survey) const {
   for (const FieldSpec& field : fields_) {
     if (std::find(survey.names.begin(), survey.names.end(), field.name) == survey.names.end())
       return error(1, "there is no column " + field.name);
@@ -103,24 +123,23 @@ std::optional<LoadError> CsvFile::checkNames(const Survey& survey) const {
   return std::nullopt;
 }
 
-LoadError CsvFile::wrongCell(const CsvReader& reader, std::size_t column, const std::string& name) const {
+LoadError CsvText::wrongCell(const CsvReader& reader, std::size_t column, const std::string& name) const {
   const FieldSpec* field = fieldOf(name);
   const std::string_view wanted = columnTypeName(field ? field->type : 0);
   return error(reader.line(), "\"" + std::string(reader.fields()[column]) + "\" in column " + name +
                                   " is not " + std::string(wanted));
 }
 
-bool CsvFile::goesOn(const CsvReader& reader, std::int64_t before) {
+bool CsvText::goesOn(const CsvReader& reader, std::int64_t before) {
   const std::int64_t done = before + reader.bytesRead();
   if (!progress_ || done == told_) return true;
   told_ = done;
   return progress_(done, 2 * size_);
 }
 
-std::optional<LoadError> CsvFile::survey(Survey& survey) {
-  std::ifstream in;
-  if (auto fault = open(in)) return fault;
-  CsvReader reader(in);
+std::optional<LoadError> CsvText::survey(Survey& survey) {
+  if (auto fault = goBack()) return fault;
+  CsvReader reader(in_);
   if (!reader.readHeader()) return faultOf(reader);
   survey.form = {.delimiter = reader.delimiter(),
                  .byteOrderMark = reader.hasByteOrderMark(),
@@ -143,15 +162,14 @@ std::optional<LoadError> CsvFile::survey(Survey& survey) {
   return faultOf(reader);
 }
 
-std::optional<LoadError> CsvFile::fill(const Survey& survey, ColumnStore& store) {
+std::optional<LoadError> CsvText::fill(const Survey& survey, ColumnStore& store) {
   for (std::size_t i = 0; i < survey.names.size(); ++i) {
     store.addColumn(survey.guesses[i].format(XString::fromNarrow(survey.names[i])));
     store.column(static_cast<std::int32_t>(i))
         .reserve(static_cast<std::size_t>(survey.records), survey.guesses[i].textBytes());
   }
-  std::ifstream in;
-  if (auto fault = open(in)) return fault;
-  CsvReader reader(in);
+  if (auto fault = goBack()) return fault;
+  CsvReader reader(in_);
   reader.readHeader();
   const auto width = static_cast<std::size_t>(store.columnCount());
   bool same = reader.fault().empty() && reader.fields().size() == width;
@@ -168,15 +186,22 @@ std::optional<LoadError> CsvFile::fill(const Survey& survey, ColumnStore& store)
 
 }  // namespace
 
-Loaded<CsvRows> loadCsv(const std::string& path, std::span<const FieldSpec> fields,
+Loaded<CsvRows> loadCsv(std::istream& in, const std::string& name, std::span<const FieldSpec> fields,
                         const LoadProgress& progress) {
-  CsvFile file(path, fields, progress);
+  CsvText text(in, name, fields, progress);
   Survey survey;
-  if (auto fault = file.survey(survey)) return *std::move(fault);
+  if (auto fault = text.survey(survey)) return *std::move(fault);
   CsvRows rows;
   rows.form = std::move(survey.form);
-  if (auto fault = file.fill(survey, rows.store)) return *std::move(fault);
+  if (auto fault = text.fill(survey, rows.store)) return *std::move(fault);
   return Loaded<CsvRows>(std::move(rows));
+}
+
+Loaded<CsvRows> loadCsv(std::string_view bytes, const std::string& name, std::span<const FieldSpec> fields,
+                        const LoadProgress& progress) {
+  BytesBuffer buffer(bytes);
+  std::istream in(&buffer);
+  return loadCsv(in, name, fields, progress);
 }
 
 }  // namespace tessera

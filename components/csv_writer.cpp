@@ -1,8 +1,6 @@
 #include "components/csv_writer.h"
 
-#include <string_view>
-
-#include "components/replace_file.h"
+#include <string>
 
 namespace tessera {
 namespace {
@@ -11,15 +9,12 @@ constexpr std::size_t blockSize = std::size_t{1} << 18;
 
 class CsvOutput {
  public:
-  CsvOutput(FileReplacement& file, const CsvForm& form)
-      : file_(file), delimiter_(form.delimiter), lineEnd_(form.carriageReturns ? "\r\n" : "\n") {
+  CsvOutput(const ByteSink& sink, const CsvForm& form)
+      : sink_(sink), delimiter_(form.delimiter), lineEnd_(form.carriageReturns ? "\r\n" : "\n") {
     const char special[] = {form.delimiter, '"', '\n', '\r', '\0'};
     special_ = special;
     if (form.byteOrderMark) block_ = "\xEF\xBB\xBF";
   }
-  ~CsvOutput() { file_.write(block_); }
-  CsvOutput(const CsvOutput&) = delete;
-  CsvOutput& operator=(const CsvOutput&) = delete;
 
   void field(std::string_view text) {
     if (fields_++ > 0) block_ += delimiter_;
@@ -31,8 +26,10 @@ class CsvOutput {
     if (onlyEmpty_) block_ += "\"\"";
     block_ += lineEnd_;
     fields_ = 0;
-    if (block_.size() < blockSize) return;
-    file_.write(block_);
+    if (block_.size() >= blockSize) flush();
+  }
+  void flush() {
+    sink_(block_);
     block_.clear();
   }
 
@@ -46,7 +43,7 @@ class CsvOutput {
     block_ += '"';
   }
 
-  FileReplacement& file_;
+  const ByteSink& sink_;
   char delimiter_;
   std::string_view lineEnd_;
   std::string special_;
@@ -83,20 +80,11 @@ void writeRows(const MemoryDataSet& rows, CsvOutput& out) {
 
 }  // namespace
 
-std::optional<LoadError> writeCsv(const MemoryDataSet& rows, const std::string& path, const CsvForm& form) {
-  FileReplacement file(path);
-  {
-    CsvOutput out(file, form);
-    writeHeader(rows.store(), form, out);
-    writeRows(rows, out);
-  }
-  return file.commit();
-}
-
-std::optional<LoadError> saveCsv(MemoryDataSet& rows, const std::string& path, const CsvForm& form) {
-  auto fault = writeCsv(rows, path, form);
-  if (!fault) rows.acceptChanges();
-  return fault;
+void writeCsv(const MemoryDataSet& rows, const ByteSink& sink, const CsvForm& form) {
+  CsvOutput out(sink, form);
+  writeHeader(rows.store(), form, out);
+  writeRows(rows, out);
+  out.flush();
 }
 
 }  // namespace tessera

@@ -27,8 +27,8 @@ std::vector<std::byte> bytesOf(const fs::path& path) {
 
 }  // namespace
 
-FolderImageSet::FolderImageSet(std::string id, fs::path folder, PictureLoader& loader, Narrow narrow)
-    : id_(std::move(id)), folder_(std::move(folder)), loader_(loader), narrow_(std::move(narrow)) {
+FolderImageSet::FolderImageSet(std::string id, fs::path folder, PictureDecoder decode, Narrow narrow)
+    : id_(std::move(id)), folder_(std::move(folder)), decode_(std::move(decode)), narrow_(std::move(narrow)) {
   list();
 }
 
@@ -70,17 +70,15 @@ void FolderImageSet::Unadvise(ImageSetNotifications* sink) { sinks_.unadvise(sin
 
 void FolderImageSet::GetID(XString& id) { id = XString::fromNarrow(id_); }
 
-bool FolderImageSet::GetImage(const std::string& key, Picture& picture) {
+Picture FolderImageSet::picture(const std::string& key) const {
   const auto found = files_.find(key);
-  if (found == files_.end()) return false;
+  if (found == files_.end()) return {};
   for (const fs::path& path : found->second) {
     const std::vector<std::byte> bytes = bytesOf(path);
-    const BitmapRef bitmap = bytes.empty() ? nullptr : loader_.load(bytes);
-    if (!bitmap) continue;
-    picture = {bitmap->width, bitmap->height, bitmap->pixels};
-    return true;
+    const BitmapRef bitmap = bytes.empty() ? nullptr : decode_(bytes);
+    if (bitmap) return {bitmap->width, bitmap->height, bitmap->pixels};
   }
-  return false;
+  return {};
 }
 
 }  // namespace tessera

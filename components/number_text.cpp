@@ -7,14 +7,14 @@
 #include <string>
 #include <system_error>
 
+#include "shared/real_text.h"
 #include "shared/utf.h"
 
 namespace tessera {
 namespace {
 
 char* fixedText(double value, std::int32_t scale, NumberBuffer& buffer) {
-  return std::to_chars(buffer.data, buffer.data + sizeof buffer.data, value, std::chars_format::fixed, scale)
-      .ptr;
+  return writeReal(buffer.data, buffer.data + sizeof buffer.data, value, RealForm::Fixed, scale);
 }
 
 // Digits before the point; none for a number below 1.
@@ -32,10 +32,8 @@ std::string_view withoutSignOfZero(const char* begin, const char* end) {
 
 double roundedToDigits(double value) {
   char text[32];
-  const auto end =
-      std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, decimalDigits - 1).ptr;
-  std::from_chars(text, end, value);
-  return value;
+  const char* const end = writeReal(text, text + sizeof text, value, RealForm::Scientific, decimalDigits - 1);
+  return readReal({text, static_cast<std::size_t>(end - text)}).value;
 }
 
 std::string_view trimmedNumber(std::string_view text) {
@@ -68,12 +66,8 @@ std::string_view decimalText(double value, std::int32_t scale, NumberBuffer& buf
 std::string_view exactDecimalText(double value, std::int32_t scale, NumberBuffer& buffer) {
   value = roundedToDigits(value);
   const std::string_view shown = decimalText(value, scale, buffer);
-  double back = 0;
-  std::from_chars(shown.data(), shown.data() + shown.size(), back);
-  if (back == value) return shown;
-  const auto end =
-      std::to_chars(buffer.data, buffer.data + sizeof buffer.data, value, std::chars_format::fixed).ptr;
-  return withoutSignOfZero(buffer.data, end);
+  if (readReal(shown).value == value) return shown;
+  return withoutSignOfZero(buffer.data, fixedText(value, shortestDigits, buffer));
 }
 
 double withoutRoundingNoise(double value) {
@@ -90,8 +84,10 @@ bool parseWhole(std::string_view text, std::int64_t& value) {
 
 bool parseDecimal(std::string_view text, double& value) {
   text = trimmedNumber(text);
-  const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), value);
-  return !text.empty() && fault == std::errc() && end == text.data() + text.size() && std::isfinite(value);
+  const RealRead read = readReal(text);
+  if (text.empty() || read.length != text.size() || !read.inRange || !std::isfinite(read.value)) return false;
+  value = read.value;
+  return true;
 }
 
 void assignUtf8(XString& result, std::string_view utf8) {

@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "components/csv_loader.h"
-#include "components/csv_writer.h"
+#include "components/csv_file.h"
 #include "components/sort_keys.h"
 #include "components/sqlite_writer.h"
 #include "shared/utf.h"
@@ -16,7 +15,7 @@ namespace {
 Loaded<ColumnStore> loadRows(const DataSource& source, OpenedDataSet& opened, const LoadProgress& progress) {
   if (source.database.empty()) {
     opened.stamp = FileStamp::of(source.file);
-    auto loaded = loadCsv(source.file, source.fields, progress);
+    auto loaded = loadCsvFile(source.file, source.fields, progress);
     if (!loaded) return loaded.error();
     opened.form = std::move(loaded->form);
     return Loaded<ColumnStore>(std::move(loaded->store));
@@ -69,7 +68,7 @@ bool isStale(const OpenedDataSet& opened) {
 
 std::optional<LoadError> saveDataSet(OpenedDataSet& opened) {
   if (!isFile(opened)) return saveSqlite(*opened.rows, opened.origin);
-  auto fault = saveCsv(*opened.rows, opened.source.file, opened.form);
+  auto fault = saveCsvFile(*opened.rows, opened.source.file, opened.form);
   if (!fault) opened.stamp = FileStamp::of(opened.source.file);
   return fault;
 }

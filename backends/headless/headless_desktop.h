@@ -4,6 +4,7 @@
 
 #include <optional>
 
+#include "backends/headless/headless_dispatcher.h"
 #include "backends/headless/headless_menus.h"
 #include "backends/headless/headless_timers.h"
 #include "backends/headless/keyboard_focus.h"
@@ -38,6 +39,7 @@ struct HeadlessDesktop {
   VirtualClock clock;
   HeadlessTimers timers{clock};
   HeadlessMenus menus;
+  HeadlessDispatcher dispatcher;
   HeadlessInputMethod inputMethod;
 
   HeadlessDesktop() = default;

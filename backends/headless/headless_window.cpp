@@ -98,8 +98,8 @@ void HeadlessWindow::startTimer(std::int32_t id, std::int32_t milliseconds) {
   if (!closed_) desktop_->timers.start(id, milliseconds);
 }
 
-std::int32_t HeadlessWindow::trackPopupMenu(std::span<const PopupMenuItem> items, Point) {
-  return desktop_->menus.track(items);
+void HeadlessWindow::trackPopupMenu(std::span<const PopupMenuItem> items, Point, MenuAnswer chosen) {
+  chosen(desktop_->menus.track(items));
 }
 
 Rect HeadlessWindow::screenRect() const {

@@ -110,7 +110,7 @@ class HeadlessWindow : public Window, public FocusHolder {
   std::unique_ptr<EditBox> createEditBox(EditBoxOwner& owner) override;
   std::unique_ptr<ListBox> createListBox(ListBoxOwner& owner) override;
   InputMethod& inputMethod() override { return desktop_->inputMethod; }
-  std::int32_t trackPopupMenu(std::span<const PopupMenuItem> items, Point screen) override;
+  void trackPopupMenu(std::span<const PopupMenuItem> items, Point screen, MenuAnswer chosen) override;
 
  private:
   HeadlessBar& state(Bar which) { return bars_[static_cast<std::size_t>(which)]; }

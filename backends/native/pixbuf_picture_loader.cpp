@@ -155,13 +155,17 @@ BitmapRef copyPixels(const GdkPixbuf* source) {
 
 }  // namespace
 
-BitmapRef PixbufPictureLoader::load(std::span<const std::byte> bytes) {
+BitmapRef decodePicture(std::span<const std::byte> bytes) {
   const std::string_view view(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   const Format* format = formatOf(view);
   if (!format || !hasEnd(format->module, view) || !partsFit(format->module, bytes)) return nullptr;
   Decoding decoding(*format);
   const GdkPixbuf* pixels = decoding.run(bytes);
   return pixels ? copyPixels(pixels) : nullptr;
+}
+
+void PixbufPictureLoader::load(std::vector<std::byte> bytes, Answer answer) {
+  dispatcher_.post([bytes = std::move(bytes), answer = std::move(answer)] { answer(decodePicture(bytes)); });
 }
 
 }  // namespace tessera

@@ -407,9 +407,10 @@ std::unique_ptr<ListBox> QtWindow::createListBox(ListBoxOwner& owner) {
   return std::make_unique<QtListBox>(*this, owner);
 }
 
-std::int32_t QtWindow::trackPopupMenu(std::span<const PopupMenuItem> items, Point screen) {
+void QtWindow::trackPopupMenu(std::span<const PopupMenuItem> items, Point screen, MenuAnswer chosen) {
   const CallDepth::Scope call(calls_);
-  return execMenu(view(), items, {screen.x, screen.y});
+  const std::int32_t code = execMenu(view(), items, {screen.x, screen.y});
+  if (!closed_) chosen(code);
 }
 
 }  // namespace tessera

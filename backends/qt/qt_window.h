@@ -93,7 +93,7 @@ class QtWindow : public Window, private InputMethod {
   std::unique_ptr<EditBox> createEditBox(EditBoxOwner& owner) override;
   std::unique_ptr<ListBox> createListBox(ListBoxOwner& owner) override;
   InputMethod& inputMethod() override { return *this; }
-  std::int32_t trackPopupMenu(std::span<const PopupMenuItem> items, Point screen) override;
+  void trackPopupMenu(std::span<const PopupMenuItem> items, Point screen, MenuAnswer chosen) override;
 
  private:
   class Turn;

@@ -9,13 +9,14 @@
 
 #include <tessera/tessera_widget.h>
 
-#include "backends/native/curl_http_client.h"
+#include "backends/native/http_clients.h"
 #include "backends/native/iconv_code_pages.h"
 #include "backends/native/native_clock.h"
 #include "backends/native/native_locale.h"
 #include "backends/native/pixbuf_picture_loader.h"
 #include "backends/native/xml_document_reader.h"
 #include "backends/qt/call_depth.h"
+#include "backends/qt/qt_dispatcher.h"
 #include "backends/qt/qt_page.h"
 #include "backends/qt/qt_window.h"
 #include "backends/qt/window_owner.h"
@@ -56,8 +57,9 @@ class WidgetCore : public WindowOwner, public ITesseraEvents {
   CallDepth calls_;
   std::array<TesseraWidget::Handler, eventTable.size()> handlers_;
   XmlDocumentReader documents_;
-  PixbufPictureLoader pictures_;
-  CurlHttpClient http_;
+  QtDispatcher dispatcher_;
+  PixbufPictureLoader pictures_{dispatcher_};
+  ThreadedHttpClient http_{dispatcher_};
   IconvCodePages codePages_;
   NativeLocale locale_;
   NativeClock clock_;

@@ -12,8 +12,7 @@
 #include <time.h>
 #include <unistd.h>
 
-#include "components/csv_loader.h"
-#include "components/csv_writer.h"
+#include "components/csv_file.h"
 #include "components/memory_data_set.h"
 
 namespace {
@@ -171,7 +170,7 @@ int run(const std::filesystem::path& folder) {
   const double before = residentBytes();
   const auto wallStart = std::chrono::steady_clock::now();
   auto start = Clock::now();
-  auto loaded = loadCsv(path);
+  auto loaded = loadCsvFile(path);
   const double seconds = secondsSince(start);
   const double wallSeconds =
       std::chrono::duration<double>(std::chrono::steady_clock::now() - wallStart).count();
@@ -193,7 +192,7 @@ int run(const std::filesystem::path& folder) {
   checkRows(rows, expected);
 
   start = Clock::now();
-  check(!writeCsv(rows, (folder / "copy.csv").string()), "writing");
+  check(!writeCsvFile(rows, (folder / "copy.csv").string()), "writing");
   std::printf("write                        %8.1f MB/s\n", fileBytes / 1e6 / secondsSince(start));
   check(static_cast<double>(std::filesystem::file_size(folder / "copy.csv")) == fileBytes,
         "size of the copy");

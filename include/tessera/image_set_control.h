@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -41,8 +42,11 @@ struct Picture {
 class PictureSource {
  public:
   virtual ~PictureSource() = default;
-  // The picture of `key` (narrow text); false when there is none.
-  virtual bool GetImage(const std::string& key, Picture& picture) = 0;
+  // The picture of `key` (narrow text); a picture without pixels when there is none.
+  using Answer = std::function<void(Picture picture)>;
+  // The answer is due once, on the grid's thread: before GetImage returns, or later, when it does no harm if
+  // the grid has gone meanwhile. Until then the grid shows the cell without its picture.
+  virtual void GetImage(const std::string& key, Answer answer) = 0;
 };
 
 }  // namespace tessera

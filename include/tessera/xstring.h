@@ -22,7 +22,7 @@ class XString {
   XString(const XString& other);
   XString(XString&& other) noexcept;
   XString(std::u16string_view text);
-  // A null pointer counts as the empty text, and so does a pointer below 0x10000, which is a resource number.
+  // A null pointer counts as the empty text.
   XString(const char16_t* text);
   ~XString();
 

@@ -1,47 +1,40 @@
 #include "binding/image_cache.h"
 
 #include <algorithm>
-#include <vector>
 
 #include "shared/compare.h"
 
 namespace tessera {
+namespace {
 
-std::shared_ptr<PictureSource> ImageCache::sourceOf(const DataLink& link) {
-  if (!link.dataSet()) return nullptr;
-  return std::dynamic_pointer_cast<PictureSource>(link.holdImageSet());
+// Null for a picture that is none.
+BitmapRef bitmapOf(Picture picture) {
+  if (picture.width <= 0 || picture.height <= 0) return nullptr;
+  const auto expected = static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height);
+  if (picture.pixels.size() != expected) return nullptr;
+  auto bitmap = std::make_shared<Bitmap>();
+  bitmap->width = picture.width;
+  bitmap->height = picture.height;
+  bitmap->pixels = std::move(picture.pixels);
+  bitmap->findTranslucent();
+  return bitmap;
 }
 
-// The components may call back into the grid, even to rebuild the columns: what is needed of them is copied
-// first.
-void ImageCache::ReloadImages(const ColumnList& columns, const DataLink& link) {
-  const auto source = sourceOf(link);
-  if (!source) return;
+}  // namespace
+
+void ImageCache::clear() { shelf_ = std::make_shared<Shelf>(); }
+
+void ImageCache::ReloadImages(const DataLink& link) {
+  const auto source = std::dynamic_pointer_cast<PictureSource>(link.holdImageSet());
+  if (!source || !link.dataSet()) return;
   clear();
-  std::vector<XString> names;
-  for (const ColumnRecord& column : columns) {
-    if (column.child.type == CellKind::Image) names.push_back(column.refColumnId);
-  }
-  for (const XString& name : names) addColumn(name, link, *source);
-}
-
-void ImageCache::addColumn(const XString& name, const DataLink& link, PictureSource& source) {
-  const std::int32_t count = link.rowCount();
-  XValue key;
-  for (std::int32_t before = 0; before < count; ++before) {
-    const std::int32_t row = before + 1;
-    if (link.level(row) >= 1) continue;
-    link.valueByName(row, name, key);
-    if (key.type() == VT_BSTR) add(key.asText(), source);
-  }
+  shelf_->source = source;
 }
 
 void ImageCache::ReloadCellImage(const ColumnList& columns, const DataLink& link, std::int32_t column,
                                  std::int32_t row) {
-  const auto source = sourceOf(link);
-  if (!source || link.level(row) >= 1) return;
   const auto dataSet = link.holdDataSet();
-  if (!dataSet) return;
+  if (!dataSet || link.level(row) >= 1) return;
   XString name;
   dataSet->GetColumnName(column, name);
   const bool isImageColumn = std::any_of(columns.begin(), columns.end(), [&name](const ColumnRecord& record) {
@@ -50,27 +43,40 @@ void ImageCache::ReloadCellImage(const ColumnList& columns, const DataLink& link
   if (!isImageColumn) return;
   XString key;
   link.text(row, column, key);
-  add(key, *source);
+  const auto found = shelf_->entries.find(key);
+  if (found == shelf_->entries.end()) return;
+  const Entry& entry = found->second;
+  if (entry.state == Entry::State::Answered && !entry.bitmap) shelf_->entries.erase(found);
 }
 
+// The image set may call back into the grid, even to let go of the pictures.
 BitmapRef ImageCache::FindImage(const XString& key) const {
-  const auto found = pictures_.find(key);
-  return found == pictures_.end() ? nullptr : found->second;
+  const auto found = shelf_->entries.find(key);
+  if (found != shelf_->entries.end()) return found->second.bitmap;
+  if (key.empty() || shelf_->source.expired()) return nullptr;
+  const XString wanted = key;
+  const auto asked = shelf_;
+  ask(asked, wanted);
+  Entry& entry = asked->entries[wanted];
+  if (entry.state == Entry::State::Asked) entry.state = Entry::State::Awaited;
+  return entry.bitmap;
 }
 
-void ImageCache::add(const XString& key, PictureSource& source) {
-  if (key.empty() || pictures_.contains(key)) return;
-  Picture picture;
+void ImageCache::ask(const std::shared_ptr<Shelf>& shelf, const XString& key) const {
+  const auto source = shelf->source.lock();
+  shelf->entries.try_emplace(key);
   const std::string narrow = codePages_ ? codePages_->toNarrow(codePage_, key) : key.toUtf8();
-  if (!source.GetImage(narrow, picture) || picture.width <= 0 || picture.height <= 0) return;
-  const auto expected = static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height);
-  if (picture.pixels.size() != expected) return;
-  auto bitmap = std::make_shared<Bitmap>();
-  bitmap->width = picture.width;
-  bitmap->height = picture.height;
-  bitmap->pixels = std::move(picture.pixels);
-  bitmap->findTranslucent();
-  pictures_.emplace(key, std::move(bitmap));
+  source->GetImage(narrow, [this, key, waiting = std::weak_ptr<Shelf>(shelf)](Picture picture) {
+    if (const auto present = waiting.lock()) take(present->entries[key], std::move(picture));
+  });
+}
+
+void ImageCache::take(Entry& entry, Picture picture) const {
+  const bool wasAwaited = entry.state == Entry::State::Awaited;
+  if (entry.state == Entry::State::Answered) return;
+  entry.bitmap = bitmapOf(std::move(picture));
+  entry.state = Entry::State::Answered;
+  if (wasAwaited && entry.bitmap && arrived_) arrived_();
 }
 
 }  // namespace tessera

@@ -10,8 +10,8 @@
 
 #include "config/glyph.h"
 #include "expr/xexpr_program.h"
-#include "shared/bitmap.h"
 #include "shared/color.h"
+#include "shared/late_bitmap.h"
 #include "shared/log_font.h"
 #include "shared/screen.h"
 
@@ -63,7 +63,7 @@ struct CellStyle {
   std::uint32_t imageMode = image_mode::solid;  // how the background is painted
   std::int32_t alphaRate = 20;                  // per cent of transparency of a blended fill
   ColorRef transparentColor = noColor;          // key of image_mode::transparent
-  BitmapRef imageHandle;
+  LateBitmap imageHandle;
   std::int32_t leftMargin = 3;  // pixels
   std::int32_t topMargin = 3;
   std::int32_t rightMargin = 3;

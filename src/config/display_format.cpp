@@ -1,10 +1,8 @@
 #include "config/display_format.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
-#include <memory_resource>
-#include <string>
+#include <fmt/format.h>
 
 namespace tessera {
 namespace {
@@ -12,16 +10,14 @@ namespace {
 // Text under construction: on the stack, and on the heap only when it is long.
 class Scratch {
  public:
-  explicit Scratch(std::size_t expected) : text_(&resource_) { text_.reserve(expected); }
-  Scratch(const Scratch&) = delete;
-  Scratch& operator=(const Scratch&) = delete;
+  explicit Scratch(std::size_t expected) { text_.reserve(expected); }
 
-  std::pmr::u16string& text() { return text_; }
+  void push_back(char16_t unit) { text_.push_back(unit); }
+  void append(std::u16string_view units) { text_.append(units.data(), units.data() + units.size()); }
+  std::u16string_view view() const { return {text_.data(), text_.size()}; }
 
  private:
-  std::array<std::byte, 1024> buffer_;
-  std::pmr::monotonic_buffer_resource resource_{buffer_.data(), buffer_.size()};
-  std::pmr::u16string text_;
+  fmt::basic_memory_buffer<char16_t, 512> text_;
 };
 
 std::size_t sizeOf(std::int32_t count) { return static_cast<std::size_t>(std::max(count, 0)); }
@@ -31,7 +27,7 @@ std::size_t roomFor(const NumberFormat& format, std::u16string_view text) {
   return text.size() * 2 + sizeOf(format.mandatory) + sizeOf(format.optional) + 1;
 }
 
-void appendGrouped(const NumberFormat& format, std::u16string_view digits, std::pmr::u16string& out) {
+void appendGrouped(const NumberFormat& format, std::u16string_view digits, Scratch& out) {
   if (format.groupSize <= 0 || format.groupSeparator == 0) {
     out.append(digits);
     return;
@@ -45,7 +41,7 @@ void appendGrouped(const NumberFormat& format, std::u16string_view digits, std::
   }
 }
 
-void appendDecimals(const NumberFormat& format, std::u16string_view fraction, std::pmr::u16string& out) {
+void appendDecimals(const NumberFormat& format, std::u16string_view fraction, Scratch& out) {
   const std::size_t most = sizeOf(format.mandatory) + sizeOf(format.optional);
   const auto digit = [fraction](std::size_t i) { return i < fraction.size() ? fraction[i] : u'0'; };
   std::size_t count = most;
@@ -55,7 +51,7 @@ void appendDecimals(const NumberFormat& format, std::u16string_view fraction, st
   for (std::size_t i = 0; i < count; ++i) out.push_back(digit(i));
 }
 
-void appendNumber(const NumberFormat& format, std::u16string_view text, std::pmr::u16string& out) {
+void appendNumber(const NumberFormat& format, std::u16string_view text, Scratch& out) {
   const std::size_t point = std::min(text.find(u'.'), text.size());
   appendGrouped(format, text.substr(0, point), out);
   appendDecimals(format, text.substr(std::min(point + 1, text.size())), out);
@@ -114,7 +110,7 @@ constexpr Step steps[8][3] = {
 
 class Formatter {
  public:
-  Formatter(std::u16string_view text, std::pmr::u16string& out) : text_(text), out_(out) {}
+  Formatter(std::u16string_view text, Scratch& out) : text_(text), out_(out) {}
 
   // False when the format is faulty.
   bool run(std::u16string_view format) {
@@ -205,7 +201,7 @@ class Formatter {
   }
 
   std::u16string_view text_;
-  std::pmr::u16string& out_;
+  Scratch& out_;
   std::size_t position_ = 0;  // of the next character that a mask takes
   Kind kind_ = Kind::Open;
   State state_ = State::Before;
@@ -216,8 +212,8 @@ class Formatter {
 
 void applyDisplayFormat(std::u16string_view format, std::u16string_view text, XString& out) {
   Scratch scratch(text.size() * 2 + format.size());
-  const bool valid = !text.empty() && Formatter(text, scratch.text()).run(format);
-  out.assign(valid ? std::u16string_view(scratch.text()) : std::u16string_view());
+  const bool valid = !text.empty() && Formatter(text, scratch).run(format);
+  out.assign(valid ? scratch.view() : std::u16string_view());
 }
 
 XString applyDisplayFormat(std::u16string_view format, std::u16string_view text) {
@@ -228,8 +224,8 @@ XString applyDisplayFormat(std::u16string_view format, std::u16string_view text)
 
 void formatNumber(const NumberFormat& format, std::u16string_view text, XString& out) {
   Scratch scratch(roomFor(format, text));
-  appendNumber(format, text, scratch.text());
-  out.assign(scratch.text());
+  appendNumber(format, text, scratch);
+  out.assign(scratch.view());
 }
 
 XString formatNumber(const NumberFormat& format, std::u16string_view text) {

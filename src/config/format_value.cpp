@@ -6,6 +6,7 @@
 
 #include "config/display_format.h"
 #include "shared/number_text.h"
+#include "shared/real_text.h"
 
 namespace tessera {
 namespace {
@@ -19,9 +20,9 @@ constexpr std::size_t mostRealChars = 320 + mostDecimals;
 void realText(double value, std::int32_t decimals, XString& out) {
   std::array<char, mostRealChars> text;
   const std::int32_t digits = decimals < 0 ? defaultDecimals : std::min(decimals, mostDecimals);
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), withoutNanSign(value),
-                                 std::chars_format::fixed, digits);
-  out.assignNarrow({text.data(), static_cast<std::size_t>(end.ptr - text.data())});
+  const char* const end =
+      writeReal(text.data(), text.data() + text.size(), withoutNanSign(value), RealForm::Fixed, digits);
+  out.assignNarrow({text.data(), static_cast<std::size_t>(end - text.data())});
 }
 
 void integerText(std::int64_t value, XString& out) {

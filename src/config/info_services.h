@@ -9,7 +9,7 @@
 
 #include "expr/xexpr_program.h"
 #include "platform/document.h"
-#include "shared/bitmap.h"
+#include "shared/late_bitmap.h"
 
 namespace tessera {
 
@@ -23,8 +23,8 @@ class InfoServices {
   // Whether the text has a word that means nothing so far and may be a column's name, while no data set has
   // named its columns.
   virtual bool awaitsColumns(const XString&) { return false; }
-  // The picture at an address, fetched at once; null when there is none or `url` is empty.
-  virtual BitmapRef downloadImage(const XString& url) = 0;
+  // The picture at an address, which comes later if there is one; none when `url` is empty.
+  virtual LateBitmap downloadImage(const XString& url) = 0;
   // A further data set on the host, not subscribed to; null when there is none.
   virtual std::shared_ptr<DataSetControl> findDataSet(const XString& id) = 0;
 };

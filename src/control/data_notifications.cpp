@@ -254,7 +254,7 @@ HResult DataNotifications::ImageDataChanged(std::int32_t, std::int32_t) {
     refresh_();
     return S_OK;
   }
-  parts_.images.ReloadImages(parts_.config.columns, parts_.link);
+  parts_.images.ReloadImages(parts_.link);
   services_.Repaint(nullptr);
   return S_OK;
 }

@@ -20,11 +20,19 @@ bool InfoHost::awaitsColumns(const XString& text) {
                      [](const XExprError& error) { return error.code == ExprErrorCode::UnknownVariable; });
 }
 
-BitmapRef InfoHost::downloadImage(const XString& url) {
-  if (url.empty() || !ports_.http || !ports_.pictures) return nullptr;
-  std::vector<std::byte> body;
-  if (!ports_.http->get(url.toUtf8(), body) || body.empty()) return nullptr;
-  return ports_.pictures->load(body);
+// The control may be gone when an answer comes.
+LateBitmap InfoHost::downloadImage(const XString& url) {
+  if (url.empty() || !ports_.http || !ports_.pictures) return {};
+  const LateBitmap awaited = LateBitmap::awaited();
+  ports_.http->get(url.toUtf8(), [this, awaited, life = life_.watch()](std::vector<std::byte> body) {
+    if (life.expired() || body.empty()) return;
+    ports_.pictures->load(std::move(body), [this, awaited, life](const BitmapRef& picture) {
+      if (life.expired() || !picture) return;
+      awaited.arrive(picture);
+      arrived_();
+    });
+  });
+  return awaited;
 }
 
 std::shared_ptr<DataSetControl> InfoHost::findDataSet(const XString& id) {

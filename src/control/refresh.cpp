@@ -19,7 +19,7 @@ void RefreshSequence::run() {
   fillFonts();
   applyBackgroundFlags(parts_.config);
   handOutSortMarks();
-  parts_.images.ReloadImages(parts_.config.columns, parts_.link);
+  parts_.images.ReloadImages(parts_.link);
   BuildRows(parts_, services_);
   show();
 }

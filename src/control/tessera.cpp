@@ -3,6 +3,7 @@
 #include <array>
 
 #include "binding/ambient_code_page.h"
+#include "config/background_flags.h"
 #include "control/error_table.h"
 #include "control/message_table.h"
 #include "control/refresh.h"
@@ -19,12 +20,13 @@ constexpr std::int32_t defaultIndicatorWidth = 16;
 
 Tessera::Tessera(const Ports& ports)
     : ports_(ports),
-      info_(ports_, parts_.expressions, *this),
+      info_(ports_, parts_.expressions, *this, [this] { pictureArrived(); }),
       controllers_(parts_, *this, info_),
       notifications_(parts_, *this, controllers_.editors, [this] { Refresh(); }),
       properties_(*this) {
   parts_.expressions.setHost(expressionHost_);
   parts_.expressions.setPlace(ports_.locale, ports_.clock);
+  parts_.images.onArrival([this] { Repaint(nullptr); });
 }
 
 Tessera::~Tessera() { parts_.link.unbind(); }
@@ -118,6 +120,12 @@ void Tessera::catchUp() {
 
 void Tessera::Repaint(const Rect* area) {
   if (parts_.settings.Draw && parts_.drawHolds == 0 && parts_.window) parts_.window->repaint(area);
+}
+
+// A background is in force only with its picture.
+void Tessera::pictureArrived() {
+  if (parts_.window) applyBackgroundFlags(parts_.config);
+  Repaint(nullptr);
 }
 
 void Tessera::ReportError(ErrorCode code) {

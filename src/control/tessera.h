@@ -142,6 +142,7 @@ class Tessera : public ITessera, public GridServices {
  private:
   ColumnPosition columnById(const XString& colid);
   void refillPage();
+  void pictureArrived();
 
   Ports ports_;
   ClientSite* site_ = nullptr;

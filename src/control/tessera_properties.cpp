@@ -59,7 +59,7 @@ HResult Tessera::put_ImageDataID(const XString& value) {
   const HResult status = parts_.link.bindImageSet(notifications_, site_, value);
   parts_.images.clear();  // the pictures were the old image set's
   if (!succeeded(status) || !parts_.window) return S_OK;
-  parts_.images.ReloadImages(parts_.config.columns, parts_.link);
+  parts_.images.ReloadImages(parts_.link);
   Repaint(nullptr);
   return S_OK;
 }

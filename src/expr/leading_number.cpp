@@ -1,10 +1,8 @@
 #include "expr/leading_number.h"
 
-#include <algorithm>
-#include <charconv>
-#include <cstdint>
 #include <fmt/format.h>
-#include <limits>
+
+#include "shared/real_text.h"
 
 namespace tessera {
 namespace {
@@ -39,20 +37,6 @@ std::size_t exponentLength(std::u16string_view text) {
   return length > first ? length : 0;
 }
 
-// Whether a number that does not fit a double is too large, not too small: the place of its first digit
-// tells.
-bool isTooLarge(std::string_view mantissa, std::string_view exponent) {
-  const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
-  const std::size_t first = std::min(mantissa.find_first_not_of("0."), mantissa.size());
-  const auto place = static_cast<std::int64_t>(point) - static_cast<std::int64_t>(first);
-  if (exponent.empty()) return place > 0;
-  const bool negative = exponent[1] == '-';
-  std::int64_t power = std::numeric_limits<std::int32_t>::max();
-  std::from_chars(exponent.data() + (negative || exponent[1] == '+' ? 2 : 1),
-                  exponent.data() + exponent.size(), power);
-  return place + (negative ? -power : power) > 0;
-}
-
 }  // namespace
 
 double leadingNumber(std::u16string_view text) {
@@ -64,13 +48,7 @@ double leadingNumber(std::u16string_view text) {
   const std::size_t exponent = exponentLength(text.substr(mantissa));
   fmt::basic_memory_buffer<char, 64> narrow;
   for (const char16_t unit : text.substr(0, mantissa + exponent)) narrow.push_back(static_cast<char>(unit));
-  double number = 0;
-  const auto [end, error] = std::from_chars(narrow.data(), narrow.data() + narrow.size(), number);
-  if (error == std::errc::result_out_of_range) {
-    const std::string_view digits(narrow.data(), narrow.size());
-    const bool large = isTooLarge(digits.substr(0, mantissa), digits.substr(mantissa));
-    number = large ? std::numeric_limits<double>::infinity() : 0;
-  }
+  const double number = readReal({narrow.data(), narrow.size()}).value;
   return negative ? -number : number;
 }
 

@@ -1,7 +1,9 @@
 #include "interaction/menu_controller.h"
 
+#include <memory>
 #include <span>
 #include <string>
+#include <utility>
 
 #include "interaction/fire_event.h"
 #include "shared/compare.h"
@@ -54,9 +56,13 @@ void MenuController::trackPopupMenu(std::int32_t x, std::int32_t y) {
   if (!parts_.window) return;
   std::vector<PopupMenuItem> items;
   for (const MenuItem& item : parts_.config.menu) items.push_back(popupItem(item));
+  const auto shown = std::make_shared<const std::vector<PopupMenuItem>>(std::move(items));
   const Point origin = parts_.window->clientOrigin();
-  const std::int32_t code =
-      parts_.window->trackPopupMenu(items, {addClamped(origin.x, x), addClamped(origin.y, y)});
+  parts_.window->trackPopupMenu(*shown, {addClamped(origin.x, x), addClamped(origin.y, y)},
+                                [this, shown](std::int32_t code) { report(*shown, code); });
+}
+
+void MenuController::report(std::span<const PopupMenuItem> items, std::int32_t code) {
   if (code == 0) return;
   const PopupMenuItem* chosen = itemOfCode(items, code);
   const XString text = chosen ? shownText(chosen->text) : XString();

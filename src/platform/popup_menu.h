@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include <tessera/xstring.h>
@@ -16,5 +17,7 @@ struct PopupMenuItem {
   std::int32_t code = 0;
   std::vector<PopupMenuItem> children;
 };
+
+using MenuAnswer = std::function<void(std::int32_t code)>;
 
 }  // namespace tessera

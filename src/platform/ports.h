@@ -1,4 +1,4 @@
-// The ports that a host hands to a control.
+// The ports that a host hands to a control: the one door for new ones.
 
 #pragma once
 

@@ -47,8 +47,9 @@ struct Modifiers {
   bool shift = false;
 };
 
-// The window of one control. The host makes it and calls the control's message entry; the control holds it
-// between its creation and its destruction messages.
+// The window of one control. It makes what has a place in it and ends with it, and takes no further ports.
+// The host makes it and calls the control's message entry; the control holds it between its creation and its
+// destruction messages.
 class Window {
  public:
   virtual ~Window() = default;
@@ -92,8 +93,9 @@ class Window {
   virtual std::unique_ptr<EditBox> createEditBox(EditBoxOwner& owner) = 0;
   virtual std::unique_ptr<ListBox> createListBox(ListBoxOwner& owner) = 0;
   virtual InputMethod& inputMethod() = 0;
-  // Shows a menu at a screen point and returns the code of the item chosen, 0 for none. Modal.
-  virtual std::int32_t trackPopupMenu(std::span<const PopupMenuItem> items, Point screen) = 0;
+  // Shows a menu at a screen point; the items are borrowed for the call. `chosen` gets the code of the item
+  // that was picked, 0 for none: before the call returns, or later, but never after the window's end.
+  virtual void trackPopupMenu(std::span<const PopupMenuItem> items, Point screen, MenuAnswer chosen) = 0;
 };
 
 }  // namespace tessera

@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+#include "shared/bitmap_id.h"
 #include "shared/color.h"
 
 namespace tessera {
@@ -19,6 +20,8 @@ struct Bitmap {
   std::vector<std::uint32_t> pixels;
   // Set by whoever makes the pixels: their alpha counts. Otherwise all are opaque, whatever alpha they have.
   bool translucent = false;
+  // By which a canvas keeps what it made of the pixels.
+  BitmapId id;
 
   Bitmap() = default;
   Bitmap(std::int32_t w, std::int32_t h, std::uint32_t pixel = 0xFF000000)

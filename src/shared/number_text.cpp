@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <fmt/format.h>
 
+#include "shared/real_text.h"
+
 namespace tessera {
 namespace {
 
@@ -28,16 +30,6 @@ bool readWhole(std::string_view text, Integer& value) {
   return error == std::errc() && end == text.data() + text.size();
 }
 
-HResult readReal(std::string_view text, double& value) {
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (end != text.data() + text.size() || error == std::errc::invalid_argument) return DISP_E_TYPEMISMATCH;
-  if (error != std::errc::result_out_of_range) return S_OK;
-  const bool tooSmall = text.find("e-") != text.npos || text.find("E-") != text.npos;
-  if (!tooSmall) return DISP_E_OVERFLOW;
-  value = 0;
-  return S_OK;
-}
-
 // The significant digits of a number and the power of ten of the first one.
 struct Decimal {
   bool negative = false;
@@ -48,12 +40,13 @@ struct Decimal {
 
 Decimal decimalOf(double value, std::int32_t digits) {
   char text[40];
-  char* end = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific).ptr;
+  char* const behind = text + sizeof text;
+  char* end = writeReal(text, behind, value, RealForm::Scientific);
   // Sign, point and exponent aside, the shortest form that reads back as `value` is mostly short enough, and
   // then it is also the rounded form.
   const char* mark = std::find(text, end, 'e');
   if (mark - text - (value < 0) - 1 > digits) {
-    end = std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, digits - 1).ptr;
+    end = writeReal(text, behind, value, RealForm::Scientific, digits - 1);
     mark = std::find(text, end, 'e');
   }
   Decimal decimal;
@@ -105,10 +98,11 @@ HResult parseNumber(std::u16string_view text, Number& number) {
     number = Number::ofUnsigned(large);
     return S_OK;
   }
-  double real = 0;
-  const HResult status = readReal(digits, real);
-  if (succeeded(status)) number = Number::ofReal(real);
-  return status;
+  const RealRead real = readReal(digits);
+  if (real.length != digits.size()) return DISP_E_TYPEMISMATCH;
+  if (!real.inRange && real.value != 0) return DISP_E_OVERFLOW;
+  number = Number::ofReal(real.value);
+  return S_OK;
 }
 
 NumberText NumberText::ofReal(double value, std::int32_t digits) {

@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <atomic>
 #include <cstring>
 #include <limits>
 #include <new>
@@ -7,6 +6,7 @@
 
 #include <tessera/xstring.h>
 
+#include "shared/atomic_count.h"
 #include "shared/utf.h"
 
 namespace tessera {
@@ -14,12 +14,8 @@ namespace {
 
 constexpr std::size_t maxLength = std::numeric_limits<std::int32_t>::max();
 
-// Pointers below this are resource numbers of the platform, not texts.
-constexpr std::uintptr_t firstTextAddress = 0x10000;
-
 std::u16string_view viewOfPointer(const char16_t* text) {
-  if (reinterpret_cast<std::uintptr_t>(text) < firstTextAddress) return {};
-  return text;
+  return text ? std::u16string_view(text) : std::u16string_view();
 }
 
 void copyUnits(char16_t* to, const char16_t* from, std::size_t count) {
@@ -61,12 +57,12 @@ bool XString::mayWrite(std::size_t capacity) const noexcept {
 
 // Before a change to a block that only this object holds.
 void XString::unlock() noexcept {
-  if (refs() != 1) std::atomic_ref<std::int32_t>(block()->refs).store(1, std::memory_order_relaxed);
+  if (refs() != 1) atomic_count::store(block()->refs, 1);
 }
 
 void XString::release() noexcept {
   if (isStatic()) return;
-  if (std::atomic_ref<std::int32_t>(block()->refs).fetch_sub(1, std::memory_order_acq_rel) > 1) return;
+  if (atomic_count::lower(block()->refs) > 1) return;
   ::operator delete(block());
 }
 
@@ -102,9 +98,7 @@ XString& XString::operator=(const XString& other) {
     assign(other.view());
     return *this;
   }
-  if (!other.isStatic()) {
-    std::atomic_ref<std::int32_t>(other.block()->refs).fetch_add(1, std::memory_order_relaxed);
-  }
+  if (!other.isStatic()) atomic_count::raise(other.block()->refs);
   adopt(other.chars_);
   return *this;
 }
@@ -222,7 +216,7 @@ char16_t* XString::reserve(std::int32_t capacity) {
     adopt(chars);
     if (!chars) return nullptr;
   }
-  std::atomic_ref<std::int32_t>(block()->refs).store(-1, std::memory_order_relaxed);
+  atomic_count::store(block()->refs, -1);
   return chars_;
 }
 
@@ -250,8 +244,6 @@ const char* XString::toAnsi() const {
 
 std::string XString::toUtf8() const { return utf8FromUtf16(view()); }
 
-std::int32_t XString::refs() const {
-  return std::atomic_ref<std::int32_t>(block()->refs).load(std::memory_order_acquire);
-}
+std::int32_t XString::refs() const { return atomic_count::load(block()->refs); }
 
 }  // namespace tessera

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include <tessera/hosting.h>
-#include <tessera/image_set_control.h>
 
 #include "binding/data_client.h"
+#include "tests/support/fake_image_set.h"
 #include "tests/support/null_data_set.h"
 
 namespace tessera::test {
@@ -32,29 +32,6 @@ class FakeDataSet : public NullDataSet {
   HResult adviseStatus = S_OK;
   DataSetNotifications* sink = nullptr;
   std::string log;
-};
-
-class FakeImageSet : public ImageSetControl, public PictureSource {
- public:
-  explicit FakeImageSet(std::u16string_view name) : id(name) {}
-  HResult Advise(ImageSetNotifications* subscriber) override {
-    sink = subscriber;
-    return S_OK;
-  }
-  void Unadvise(ImageSetNotifications*) override { sink = nullptr; }
-  void GetID(XString& value) override { value = id; }
-  // A picture of one pixel for every key in `keys`.
-  bool GetImage(const std::string& key, Picture& picture) override {
-    asked += key + " ";
-    if (!keys.contains(key)) return false;
-    picture = keys[key];
-    return true;
-  }
-
-  XString id;
-  ImageSetNotifications* sink = nullptr;
-  std::map<std::string, Picture> keys;
-  std::string asked;
 };
 
 class FakeElement : public HtmlElement {

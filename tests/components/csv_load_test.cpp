@@ -3,10 +3,11 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <limits>
+#include <sstream>
 #include <string>
 #include <vector>
 
-#include "components/csv_writer.h"
+#include "components/csv_file.h"
 #include "components/data_set_fixture.h"
 #include "components/open_data_set.h"
 
@@ -111,12 +112,10 @@ TEST(CsvLoad, FaultsNameFileLineAndReason) {
       {"a\n1.5\n", {{.name = "a", .type = columnLong}}, ":2: \"1.5\" in column a is not a whole number"},
       {"a\ninf\n", {{.name = "a", .type = columnDecimal}}, ":2: \"inf\" in column a is not a decimal number"},
   };
-  const TempFolder folder;
   for (const FaultCase& c : cases) {
-    const std::string path = folder.write("bad.csv", c.csv);
-    const auto loaded = loadCsv(path, c.fields);
+    const auto loaded = loadCsv(c.csv, "bad.csv", c.fields);
     ASSERT_FALSE(loaded) << c.csv;
-    EXPECT_EQ(loaded.error().message(), path + c.expected);
+    EXPECT_EQ(loaded.error().message(), std::string("bad.csv") + c.expected);
   }
 }
 
@@ -138,10 +137,8 @@ TEST(CsvLoad, ColumnsWithoutANameOfTheirOwnGetOne) {
 
 // Both readings are told of, with bytes that only grow up to the end; a refusal ends either of them.
 TEST(CsvLoad, TellsHowFarItIsAndStops) {
-  const TempFolder folder;
   std::string text = "a,b\n";
   while (text.size() < (std::size_t{5} << 20)) text += "12345,some words that fill a block\n";
-  const std::string path = folder.write("long.csv", text);
   std::vector<std::int64_t> told;
   std::int64_t stopAt = std::numeric_limits<std::int64_t>::max();
   const LoadProgress progress = [&](std::int64_t done, std::int64_t total) {
@@ -149,24 +146,41 @@ TEST(CsvLoad, TellsHowFarItIsAndStops) {
     told.push_back(done);
     return done < stopAt;
   };
-  ASSERT_TRUE(loadCsv(path, {}, progress));
+  ASSERT_TRUE(loadCsv(text, "long.csv", {}, progress));
   EXPECT_GE(told.size(), 10u);
   EXPECT_TRUE(std::is_sorted(told.begin(), told.end()));
   EXPECT_EQ(told.back(), 2 * static_cast<std::int64_t>(text.size()));
   for (const double part : {0.2, 0.8}) {
     stopAt = static_cast<std::int64_t>(2 * part * static_cast<double>(text.size()));
-    const auto loaded = loadCsv(path, {}, progress);
+    const auto loaded = loadCsv(text, "long.csv", {}, progress);
     ASSERT_FALSE(loaded);
-    EXPECT_EQ(loaded.error().message(), path + ": " + cancelledReason);
+    EXPECT_EQ(loaded.error().message(), std::string("long.csv: ") + cancelledReason);
     EXPECT_LT(told.back(), stopAt + (std::int64_t{2} << 20));
   }
 }
 
+// It is read from where it stands, and twice.
+TEST(CsvLoad, StreamsMustGoBack) {
+  class OneWay : public std::stringbuf {
+    using std::stringbuf::stringbuf;
+    pos_type seekpos(pos_type, std::ios::openmode) override { return pos_type(off_type(-1)); }
+  };
+  std::stringbuf whole("a letter:\na\n1\n");
+  std::istream in(&whole);
+  in.ignore(10);
+  const auto loaded = loadCsv(in, "letter");
+  ASSERT_TRUE(loaded) << loaded.error().message();
+  EXPECT_EQ(loaded->store.recordCount(), 1);
+  OneWay oneWay("a\n1\n");
+  std::istream pipe(&oneWay);
+  EXPECT_EQ(loadCsv(pipe, "pipe").error().message(), "pipe: it cannot be read twice");
+}
+
 TEST(CsvLoad, FilesThatCannotBeRead) {
   const TempFolder folder;
-  EXPECT_EQ(loadCsv(folder.file("none.csv")).error().message(),
+  EXPECT_EQ(loadCsvFile(folder.file("none.csv")).error().message(),
             folder.file("none.csv") + ": it cannot be opened: No such file or directory");
-  EXPECT_EQ(loadCsv(folder.file("")).error().reason, "it is a folder and not a file");
+  EXPECT_EQ(loadCsvFile(folder.file("")).error().reason, "it is a folder and not a file");
 }
 
 TEST(CsvLoad, OptionsThatNameUnknownColumns) {
@@ -204,7 +218,7 @@ TEST(CsvWrite, RoundTripsByteForByte) {
   for (const char* const csv : files) {
     auto opened = openDataSet({.file = folder.write("in.csv", csv)});
     ASSERT_TRUE(opened) << opened.error().message();
-    ASSERT_FALSE(writeCsv(*opened->rows, folder.file("out.csv"), opened->form));
+    ASSERT_FALSE(writeCsvFile(*opened->rows, folder.file("out.csv"), opened->form));
     EXPECT_EQ(folder.read("out.csv"), csv);
   }
 }
@@ -274,14 +288,14 @@ TEST(CsvWrite, FailureLeavesTheOldFileAndNoOther) {
   // A folder with something in it cannot be replaced by a file.
   std::filesystem::create_directory(folder.file("taken"));
   folder.write("taken/inside", "old");
-  const auto fault = saveCsv(rows, folder.file("taken"));
+  const auto fault = saveCsvFile(rows, folder.file("taken"));
   ASSERT_TRUE(fault);
   EXPECT_EQ(fault->file, folder.file("taken"));
   EXPECT_NE(fault->reason.find("cannot be replaced"), std::string::npos);
   EXPECT_EQ(folder.read("taken/inside"), "old");
   EXPECT_EQ(folder.names(), std::vector<std::string>{"taken"});
   EXPECT_TRUE(rows.isModified());
-  EXPECT_TRUE(saveCsv(rows, folder.file("no/such/folder.csv")));
+  EXPECT_TRUE(saveCsvFile(rows, folder.file("no/such/folder.csv")));
 }
 
 TEST(CsvWrite, KeepsLinkAndPermissions) {
@@ -291,7 +305,7 @@ TEST(CsvWrite, KeepsLinkAndPermissions) {
   fs::permissions(folder.file("real.csv"), fs::perms::owner_read | fs::perms::owner_write);
   fs::create_symlink("real.csv", folder.file("link.csv"));
   MemoryDataSet rows(storeOf("a\n1\n"));
-  ASSERT_FALSE(writeCsv(rows, folder.file("link.csv")));
+  ASSERT_FALSE(writeCsvFile(rows, folder.file("link.csv")));
   EXPECT_TRUE(fs::is_symlink(folder.file("link.csv")));
   EXPECT_EQ(folder.read("real.csv"), "a\n1\n");
   EXPECT_EQ(fs::status(folder.file("real.csv")).permissions(),

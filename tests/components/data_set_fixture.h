@@ -48,8 +48,7 @@ class TempFolder {
 };
 
 inline ColumnStore storeOf(std::string_view csv, const std::vector<FieldSpec>& fields = {}) {
-  const TempFolder folder;
-  auto loaded = loadCsv(folder.write("rows.csv", csv), fields);
+  auto loaded = loadCsv(csv, "rows", fields);
   if (loaded) return std::move(loaded->store);
   ADD_FAILURE() << loaded.error().message();
   return {};

@@ -11,13 +11,10 @@ namespace {
 using testing::TempFolder;
 
 // Takes "P" and one character as a picture of one pixel of that colour.
-class OnePixelLoader : public PictureLoader {
- public:
-  BitmapRef load(std::span<const std::byte> bytes) override {
-    if (bytes.size() != 2 || bytes[0] != std::byte{'P'}) return nullptr;
-    return std::make_shared<Bitmap>(1, 1, std::to_integer<std::uint32_t>(bytes[1]));
-  }
-};
+BitmapRef onePixel(std::span<const std::byte> bytes) {
+  if (bytes.size() != 2 || bytes[0] != std::byte{'P'}) return nullptr;
+  return std::make_shared<Bitmap>(1, 1, std::to_integer<std::uint32_t>(bytes[1]));
+}
 
 class ImageSink : public ImageSetNotifications {
  public:
@@ -44,18 +41,19 @@ class FolderImageSetTest : public ::testing::Test {
   }
   // The pixel as a character; 0 for no picture.
   char pixel(FolderImageSet& set, const std::string& key) {
-    Picture picture;
-    if (!set.GetImage(key, picture)) return 0;
-    EXPECT_EQ(picture.width * picture.height, 1);
-    return static_cast<char>(picture.pixels.at(0));
+    char found = 0;
+    set.GetImage(key, [&found](const Picture& picture) {
+      EXPECT_EQ(static_cast<std::size_t>(picture.width * picture.height), picture.pixels.size());
+      if (picture.width == 1) found = static_cast<char>(picture.pixels.at(0));
+    });
+    return found;
   }
 
   TempFolder folder_;
-  OnePixelLoader loader_;
 };
 
 TEST_F(FolderImageSetTest, KeysAreFileNames) {
-  FolderImageSet set("flags", folder_.file("flags"), loader_);
+  FolderImageSet set("flags", folder_.file("flags"), onePixel);
   const std::pair<const char*, char> cases[] = {
       {"de", 'A'},   {"Fr", 'B'},       {"fr", 0},         {"two", 'C'}, {"a.b", 'D'},    {"a", 0},
       {"de.png", 0}, {".hidden", 0},    {"empty", 0},      {"sub", 0},   {"", 0},         {"../secret", 0},
@@ -70,7 +68,7 @@ TEST_F(FolderImageSetTest, KeysAreFileNames) {
 TEST_F(FolderImageSetTest, NotificationsAndReload) {
   ImageSink sink;
   {
-    FolderImageSet set("flags", folder_.file("flags"), loader_);
+    FolderImageSet set("flags", folder_.file("flags"), onePixel);
     set.Advise(&sink);
     folder_.write("flags/new.png", "PN");
     EXPECT_EQ(pixel(set, "new"), 0);
@@ -83,7 +81,7 @@ TEST_F(FolderImageSetTest, NotificationsAndReload) {
 }
 
 TEST_F(FolderImageSetTest, AFolderThatIsNotThere) {
-  FolderImageSet set("flags", folder_.file("none"), loader_);
+  FolderImageSet set("flags", folder_.file("none"), onePixel);
   EXPECT_EQ(set.fault(), "No such file or directory");
   EXPECT_EQ(pixel(set, "de"), 0);
 }

@@ -10,7 +10,7 @@ std::string shown(const XString& value) { return '"' + value.toUtf8() + '"'; }
 std::string shown(bool value) { return value ? "true" : "false"; }
 std::string shown(std::int32_t value) { return std::to_string(value); }
 std::string shown(std::uint32_t value) { return fmt::format("{:x}", value); }
-std::string shown(const BitmapRef& value) { return value ? "bitmap" : "none"; }
+std::string shown(const LateBitmap& value) { return value ? "bitmap" : "none"; }
 std::string shown(const Rect& r) { return fmt::format("{},{},{},{}", r.left, r.top, r.right, r.bottom); }
 std::string shown(const LogFont& f) {
   return fmt::format("{}/{}/{}{}/{}", f.lfHeight, f.lfWeight, f.lfItalic, f.lfUnderline, f.face());

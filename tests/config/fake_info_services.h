@@ -46,7 +46,7 @@ class FakeInfoServices : public InfoServices {
     const auto found = programs.find(text.toUtf8());
     return found == programs.end() ? nullptr : found->second.get();
   }
-  BitmapRef downloadImage(const XString& url) override {
+  LateBitmap downloadImage(const XString& url) override {
     downloads.push_back(url.toUtf8());
     const auto found = images.find(url.toUtf8());
     return found == images.end() ? nullptr : found->second;

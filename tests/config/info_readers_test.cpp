@@ -104,9 +104,9 @@ TEST(BackgroundInfo, AnImageThatIsGoneReplacesTheOldOne) {
   std::int32_t border = 2;
   parseBackgroundInfo(services, u"<B imagepath='p' backimage='true'/>", record, border);
   parseBackgroundInfo(services, u"<B bgcolor='red'/>", record, border);
-  EXPECT_NE(record.imageHandle, nullptr);
+  EXPECT_TRUE(record.imageHandle);
   parseBackgroundInfo(services, u"<B imagepath='gone'/>", record, border);
-  EXPECT_EQ(record.imageHandle, nullptr);
+  EXPECT_FALSE(record.imageHandle);
   EXPECT_TRUE(record.backImage);
 }
 

@@ -9,6 +9,7 @@
 #include "backends/native/files.h"
 #include "backends/native/pixbuf_picture_loader.h"
 #include "console/scratch_folder.h"
+#include "tools/tessera/commands.h"
 #include "tools/tessera/event_handlers.h"
 #include "tools/tessera/form_host.h"
 #include "tools/tessera/grid_report.h"
@@ -33,7 +34,7 @@ Outcome run(const std::vector<std::string>& arguments, const std::string& input 
 BitmapRef readPicture(const std::string& path) {
   const FileResult bytes = readFile(path);
   const auto* content = std::get_if<FileBytes>(&bytes);
-  return content ? PixbufPictureLoader().load(*content) : nullptr;
+  return content ? decodePicture(*content) : nullptr;
 }
 
 void makeDatabase(const std::string& path, const std::string& sql) {
@@ -242,6 +243,29 @@ TEST(MadeUpForm, FitsWidthsToTheContent) {
   EXPECT_EQ(narrow[0], wide[0]);
   EXPECT_GT(narrow[1], 120);
   EXPECT_LT(narrow[1], 220);
+}
+
+// At the end of every command, and earlier where a handler says so.
+TEST(PostedWork, RunsBeforeTheReply) {
+  auto opened = openForm(sourcePath("examples/editors.xml"));
+  ASSERT_TRUE(opened) << opened.error().message();
+  std::ostringstream out;
+  Transcript transcript(out, false);
+  CommandContext* present = nullptr;
+  EventHandlers handlers(transcript,
+                         [&](const std::string& line) { out << runCommandLine(*present, line).last << ' '; });
+  FormHost host(std::move(*opened), &handlers);
+  CommandContext context{host, handlers};
+  present = &context;
+  const auto post = [&] { host.desktop().dispatcher.post([&out] { out << "posted "; }); };
+  runCommandLine(context, "on OnSelChange do wait");
+  out.str("");
+  post();
+  runCommandLine(context, "get RowPosition");
+  EXPECT_EQ(out.str(), "posted ");
+  post();
+  runCommandLine(context, "put RowPosition 2");
+  EXPECT_EQ(out.str().substr(7), "! OnSelChange(\"job\", 2)\nposted ok ! OnSelChanged(\"job\", 2)\n");
 }
 
 }  // namespace

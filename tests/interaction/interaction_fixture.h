@@ -57,7 +57,7 @@ class LookupServices : public InfoServices {
  public:
   DocumentReader& documents() override { throw std::logic_error("no documents here"); }
   const XExprProgram* compileExpression(const XString&) override { return nullptr; }
-  BitmapRef downloadImage(const XString&) override { return nullptr; }
+  LateBitmap downloadImage(const XString&) override { return {}; }
   std::shared_ptr<DataSetControl> findDataSet(const XString& id) override {
     const auto found = dataSets.find(id.toUtf8());
     return found == dataSets.end() ? nullptr : found->second;

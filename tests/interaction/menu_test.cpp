@@ -99,9 +99,9 @@ TEST_F(Menu, TheConfigurationMayChangeWhileItShows) {
   class Replacing : public test::FakeWindow {
    public:
     explicit Replacing(GridConfig& config) : config_(config) {}
-    std::int32_t trackPopupMenu(std::span<const PopupMenuItem>, Point) override {
+    void trackPopupMenu(std::span<const PopupMenuItem>, Point, MenuAnswer chosen) override {
       config_.menu.removeAll();
-      return 2;
+      chosen(2);
     }
 
    private:

@@ -10,7 +10,8 @@
 #include <unistd.h>
 #include <vector>
 
-#include "backends/native/curl_http_client.h"
+#include "backends/headless/headless_dispatcher.h"
+#include "backends/native/http_clients.h"
 #include "native/loopback_server.h"
 
 namespace tessera {
@@ -57,7 +58,7 @@ class HttpClientTest : public testing::Test {
 
   // The body as text, or "refused", when the vector must be as it was.
   std::string fetch(const std::string& url, HttpLimits limits = smallLimits) {
-    CurlHttpClient client(limits);
+    HttpFetcher client(limits);
     std::vector<std::byte> body(3, std::byte{'?'});
     const bool ok = client.get(url, body);
     const std::string text(reinterpret_cast<const char*>(body.data()), body.size());
@@ -166,7 +167,7 @@ TEST_F(HttpClientTest, RequestHead) {
       routes({{"/a", response("200 OK", "Set-Cookie: id=1; Path=/\r\n" + sized("a"), "a")},
               {"/b", response("302 Found", "Set-Cookie: id=2\r\nLocation: /a\r\n" + sized(""), "")},
               {"/%EC%84%9C%20%7F", response("200 OK", sized("a"), "a")}}));
-  CurlHttpClient client(smallLimits);
+  HttpFetcher client(smallLimits);
   std::vector<std::byte> body;
   for (const char* target : {"/a", "/b", "/a", "/\uc11c \x7f"})
     EXPECT_TRUE(client.get(server.url(target), body)) << target;
@@ -195,6 +196,27 @@ TEST_F(HttpClientTest, TimeLimit) {
     EXPECT_GE(spent, 900ms);
     EXPECT_LT(spent, 4s);
   }
+}
+
+// The answer waits for who runs what is posted; a client that goes breaks off what is under way.
+TEST_F(HttpClientTest, AnswersOnAnotherThread) {
+  const LoopbackServer server([](const std::string& head) {
+    return head.starts_with("GET /ok") ? response("200 OK", sized("body"), "body") : ""s;
+  });
+  HeadlessDispatcher dispatcher;
+  std::string got;
+  const auto start = std::chrono::steady_clock::now();
+  {
+    ThreadedHttpClient client(dispatcher);
+    client.get(server.url("/ok"), [&got](const std::vector<std::byte>& body) {
+      got.assign(reinterpret_cast<const char*>(body.data()), body.size());
+    });
+    client.get(server.url("/never"), [&got](const std::vector<std::byte>&) { got += " and more"; });
+    while (got.empty() && std::chrono::steady_clock::now() - start < 10s) dispatcher.run();
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 10s);
+  dispatcher.run();
+  EXPECT_EQ(got, "body");
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ namespace {
 
 using namespace std::string_literals;
 
-BitmapRef load(const std::string& file) { return PixbufPictureLoader().load(std::as_bytes(std::span(file))); }
+BitmapRef load(const std::string& file) { return decodePicture(std::as_bytes(std::span(file))); }
 
 // Saves rows of 0xAARRGGBB pixels; `module` may carry an alpha channel or drop it.
 std::string saved(const Bitmap& bitmap, const char* module, bool alpha) {

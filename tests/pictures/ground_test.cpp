@@ -5,7 +5,6 @@
 #include <random>
 #include <string>
 
-#include "backends/native/pixbuf_picture_loader.h"
 #include "tools/tessera/form_host.h"
 
 namespace tessera {
@@ -72,7 +71,6 @@ OpenedForm formOf(const std::string& columns, const std::string& background) {
     store.finishRecord();
   }
   OpenedForm opened;
-  opened.pictures = std::make_unique<PixbufPictureLoader>();
   opened.form.client = client;
   opened.form.gridId = "grid1";
   DataSetForm data;

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "backends/native/pixbuf_picture_loader.h"
 #include "pictures/counting_canvas.h"
 #include "tools/tessera/form_host.h"
 
@@ -57,7 +56,6 @@ std::shared_ptr<MemoryDataSet> makeData(const std::string& text, std::int32_t ro
 
 OpenedForm openedForm(const Hostile& hostile, const std::string& text, std::int32_t rows) {
   OpenedForm opened;
-  opened.pictures = std::make_unique<PixbufPictureLoader>();
   opened.form.client = hostile.size;
   opened.form.gridId = "grid1";
   DataSetForm data;

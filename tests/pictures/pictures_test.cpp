@@ -68,7 +68,7 @@ std::string outputPath(const PictureCase& row, const char* kind) {
 BitmapRef load(const std::string& path) {
   const FileResult bytes = readFile(path);
   const auto* content = std::get_if<FileBytes>(&bytes);
-  return content ? PixbufPictureLoader().load(*content) : nullptr;
+  return content ? decodePicture(*content) : nullptr;
 }
 
 void runCommands(FormHost& host, const PictureCase& row) {

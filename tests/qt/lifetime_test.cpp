@@ -7,7 +7,10 @@
 #include <QPointer>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <thread>
+#include <vector>
 
+#include "backends/qt/qt_dispatcher.h"
 #include "qt/qt_desk.h"
 #include "support/fake_data_set.h"
 
@@ -200,6 +203,22 @@ TEST(Lifetime, AHundredGridsComeAndGo) {
       EXPECT_EQ(desk.cell(1, i % 2 == 0 ? 1 : 7), "M");
     }
   }
+}
+
+// From any thread, in the event loop of the grid's, and not at all when the dispatcher has gone.
+TEST(Dispatcher, RunsPostedWorkInTheEventLoop) {
+  std::vector<std::thread::id> ran;
+  {
+    QtDispatcher dispatcher;
+    const auto post = [&] { dispatcher.post([&ran] { ran.push_back(std::this_thread::get_id()); }); };
+    std::thread(post).join();
+    EXPECT_TRUE(ran.empty());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ran, std::vector{std::this_thread::get_id()});
+    post();
+  }
+  QCoreApplication::processEvents();
+  EXPECT_EQ(ran.size(), 1u);
 }
 
 }  // namespace

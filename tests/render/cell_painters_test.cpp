@@ -168,7 +168,7 @@ TEST_F(CellPainters, ImageIsPlacedOrStretched) {
   bindTo(link, std::shared_ptr<ImageSetControl>(pictures));
   column.child.type = CellKind::Image;
   bind({u"V"}, {{u"p"}, {u"missing"}, {u"p"}});
-  images.ReloadImages(config.columns, link);
+  images.ReloadImages(link);
   EXPECT_EQ(cellLines(),
             (Lines{"blend 0,0,100,20 ffffff 204", "blit 45,6,55,14 10x8 0,0", "blend 0,20,100,40 ffffff 204",
                    "blend 0,40,100,60 ffffff 204", "blit 45,46,55,54 10x8 0,0"}));

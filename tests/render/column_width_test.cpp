@@ -60,7 +60,7 @@ TEST_F(ColumnWidth, MarksAndPictures) {
   data->rows[0].values[0].setInt(1);
   EXPECT_EQ(width(), 0);
   bind({u"V"}, {{u"p"}, {u"missing"}});
-  images.ReloadImages(config.columns, link);
+  images.ReloadImages(link);
   EXPECT_EQ(width(), 40 + 15);
 }
 

@@ -19,11 +19,10 @@ void FakeImageSet::add(const std::string& key, std::int32_t width, std::int32_t 
   pictures[key] = {width, height, std::vector<std::uint32_t>(count, 0xFF336699)};
 }
 
-bool FakeImageSet::GetImage(const std::string& key, Picture& picture) {
+void FakeImageSet::GetImage(const std::string& key, Answer answer) {
+  asked += key + " ";
   const auto found = pictures.find(key);
-  if (found == pictures.end()) return false;
-  picture = found->second;
-  return true;
+  answer(found == pictures.end() ? Picture() : found->second);
 }
 
 void bindTo(DataLink& link, std::shared_ptr<ImageSetControl> imageSet) {

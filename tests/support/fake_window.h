@@ -122,10 +122,10 @@ class FakeWindow : public Window {
     return box;
   }
   InputMethod& inputMethod() override { return ime; }
-  std::int32_t trackPopupMenu(std::span<const PopupMenuItem> items, Point place) override {
+  void trackPopupMenu(std::span<const PopupMenuItem> items, Point place, MenuAnswer chosen) override {
     menu.assign(items.begin(), items.end());
     menuPlace = place;
-    return menuAnswer;
+    chosen(menuAnswer);
   }
 
   Size size{200, 101};

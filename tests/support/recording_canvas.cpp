@@ -49,7 +49,7 @@ void RecordingCanvas::add(const char* pattern, const Arguments&... arguments) {
 }
 
 std::string RecordingCanvas::nameOf(const Bitmap& bitmap) const {
-  const auto found = shared_->names.find(&bitmap);
+  const auto found = shared_->names.find(bitmap.id.value());
   return found != shared_->names.end() ? found->second : fmt::format("{}x{}", bitmap.width, bitmap.height);
 }
 

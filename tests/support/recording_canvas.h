@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <memory>
 #include <string>
@@ -21,7 +22,7 @@ class RecordingCanvas : public Canvas {
 
   explicit RecordingCanvas(Size size) : size_(size), shared_(std::make_shared<Shared>()) {}
 
-  void name(const Bitmap& bitmap, std::string text) { shared_->names[&bitmap] = std::move(text); }
+  void name(const Bitmap& bitmap, std::string text) { shared_->names[bitmap.id.value()] = std::move(text); }
   const std::vector<std::string>& lines() const { return shared_->lines; }
   // The lines that start with `prefix`.
   std::vector<std::string> linesOf(const std::string& prefix) const;
@@ -47,7 +48,7 @@ class RecordingCanvas : public Canvas {
  private:
   struct Shared {
     std::vector<std::string> lines;
-    std::map<const Bitmap*, std::string> names;
+    std::map<std::uint64_t, std::string> names;
   };
 
   std::string nameOf(const Bitmap& bitmap) const;

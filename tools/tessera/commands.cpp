@@ -186,6 +186,7 @@ Reply runPaint(CommandContext& context, const Arguments& arguments) {
   HeadlessWindow* window = context.host.window();
   if (!window) return noWindow();
   window->paint();
+  context.host.desktop().dispatcher.run();
   if (arguments.empty()) return {};
   const std::string path = arguments[0].utf8();
   if (writePng(path, window->canvas().snapshot())) return {};
@@ -337,6 +338,14 @@ Reply usage(const CommandRow& row) {
   return Reply::error(fmt::format("usage: {}{}{}", row.name, row.usage.empty() ? "" : " ", row.usage));
 }
 
+Reply obey(CommandContext& context, const CommandRow& row, std::string_view rest) {
+  if (row.runLine) return rest.empty() ? usage(row) : row.runLine(context, rest);
+  const auto tokens = splitTokens(rest);
+  if (!tokens) return Reply::error("a text in quotes does not end, or has an escape that is none");
+  if (tokens->size() < row.least || tokens->size() > row.most) return usage(row);
+  return row.run(context, *tokens);
+}
+
 }  // namespace
 
 const CommandRow* findCommand(std::string_view name) {
@@ -353,11 +362,9 @@ Reply runCommandLine(CommandContext& context, std::string_view line) {
   const std::string_view name = takeWord(line);
   const CommandRow* row = findCommand(name);
   if (!row) return Reply::error("there is no command " + inQuotes(std::string(name)));
-  if (row->runLine) return line.empty() ? usage(*row) : row->runLine(context, line);
-  const auto tokens = splitTokens(line);
-  if (!tokens) return Reply::error("a text in quotes does not end, or has an escape that is none");
-  if (tokens->size() < row->least || tokens->size() > row->most) return usage(*row);
-  return row->run(context, *tokens);
+  Reply reply = obey(context, *row, line);
+  context.host.desktop().dispatcher.run();
+  return reply;
 }
 
 }  // namespace tessera

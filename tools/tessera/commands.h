@@ -34,7 +34,8 @@ struct CommandRow {
 // Null when there is no such command.
 const CommandRow* findCommand(std::string_view name);
 
-// Takes one line apart and runs it.
+// Takes one line apart and runs it, and then what was posted meanwhile: whoever reads the reply has all that
+// the command brought about. A handler that wants it earlier, in the midst of a command, says `wait`.
 Reply runCommandLine(CommandContext& context, std::string_view line);
 
 }  // namespace tessera

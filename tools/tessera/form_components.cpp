@@ -14,7 +14,7 @@ FormError placed(const Form& form, int line, const LoadError& error) {
 
 }  // namespace
 
-Loaded<FormComponents> loadComponents(const Form& form, PictureLoader& pictures,
+Loaded<FormComponents> loadComponents(const Form& form, const PictureDecoder& decode,
                                       const LoadProgress& progress) {
   FormComponents components;
   for (const DataSetForm& data : form.dataSets) {
@@ -26,7 +26,7 @@ Loaded<FormComponents> loadComponents(const Form& form, PictureLoader& pictures,
     return IconvCodePages().toNarrow(page, text);
   };
   for (const ImageSetForm& images : form.imageSets) {
-    auto set = std::make_shared<FolderImageSet>(images.id, images.folder, pictures, narrow);
+    auto set = std::make_shared<FolderImageSet>(images.id, images.folder, decode, narrow);
     if (!set->fault().empty()) return placed(form, images.line, {images.folder, 0, set->fault()});
     components.imageSets.push_back(std::move(set));
   }

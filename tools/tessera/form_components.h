@@ -17,9 +17,8 @@ struct FormComponents {
   std::vector<std::shared_ptr<FolderImageSet>> imageSets;
 };
 
-// A fault in the data names the data's file and line, any other fault the form's. `pictures` is borrowed and
-// must outlive the image sets.
-Loaded<FormComponents> loadComponents(const Form& form, PictureLoader& pictures,
+// A fault in the data names the data's file and line, any other fault the form's.
+Loaded<FormComponents> loadComponents(const Form& form, const PictureDecoder& decode,
                                       const LoadProgress& progress = {});
 
 }  // namespace tessera

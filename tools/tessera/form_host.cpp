@@ -17,12 +17,13 @@ FormHost::FormHost(OpenedForm opened, ITesseraEvents* events)
       page_(buildPage()),
       site_(page_.get(), opened_.form.ambientFont(), opened_.form.codePage),
       control_(std::make_unique<Tessera>(
-          Ports{documents_, opened_.pictures.get(), &http_, &codePages_, nullptr, &desktop_->clock})) {
+          Ports{documents_, &pictures_, &http_, &codePages_, nullptr, &desktop_->clock})) {
   control_->setClientSite(&site_);
   control_->quickActivate();
   if (events) control_->events().connect(events);
   loadProperties();
   createWindow();
+  desktop_->dispatcher.run();
 }
 
 FormHost::~FormHost() { destroyWindow(); }

@@ -7,8 +7,9 @@
 #include "backends/headless/headless_input.h"
 #include "backends/headless/headless_site.h"
 #include "backends/headless/headless_window.h"
-#include "backends/native/curl_http_client.h"
+#include "backends/native/http_clients.h"
 #include "backends/native/iconv_code_pages.h"
+#include "backends/native/pixbuf_picture_loader.h"
 #include "backends/native/xml_document_reader.h"
 #include "control/tessera.h"
 #include "tools/tessera/open_form.h"
@@ -53,7 +54,8 @@ class FormHost {
   std::shared_ptr<HeadlessDesktop> desktop_ = std::make_shared<HeadlessDesktop>();
   HeadlessInput input_{*desktop_, [this](std::int32_t& key) { return filterKey(key); }};
   XmlDocumentReader documents_;
-  CurlHttpClient http_;
+  PixbufPictureLoader pictures_{desktop_->dispatcher};
+  WaitingHttpClient http_{desktop_->dispatcher};
   IconvCodePages codePages_;
   std::unique_ptr<Container> page_;
   HeadlessSite site_;

@@ -140,6 +140,12 @@ Reply runTick(CommandContext& context, const Arguments& arguments) {
   return {};
 }
 
+// Whatever somebody posted to the grid's thread.
+Reply runWait(CommandContext& context, const Arguments&) {
+  context.host.desktop().dispatcher.run();
+  return {};
+}
+
 Reply runAnswer(CommandContext& context, const Arguments& arguments) {
   if (arguments[0].text != u"menu") return usage("answer", "menu CODE|none");
   const auto code = arguments[1].number();
@@ -180,6 +186,7 @@ constexpr CommandRow rows[] = {
     {"message", "NUMBER WPARAM LPARAM", 3, 3, runMessage, nullptr},
     {"focus", "in|out", 1, 1, runFocus, nullptr},
     {"tick", "MS", 1, 1, runTick, nullptr},
+    {"wait", "", 0, 0, runWait, nullptr},
     {"answer", "menu CODE|none", 2, 2, runAnswer, nullptr},
     {"edit", "", 0, 0, runEdit, nullptr},
     {"list", "", 0, 0, runList, nullptr},

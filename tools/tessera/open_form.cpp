@@ -7,6 +7,7 @@
 #include <optional>
 #include <string_view>
 
+#include "backends/native/pixbuf_picture_loader.h"
 #include "backends/native/xml_document_reader.h"
 #include "components/sqlite_loader.h"
 #include "tools/tessera/form_reader.h"
@@ -105,8 +106,8 @@ Loaded<std::vector<std::string>> databaseTables(const std::string& path) {
 Loaded<OpenedForm> openForm(const std::string& name, const LoadProgress& progress) {
   auto form = describe(name);
   if (!form) return form.error();
-  OpenedForm opened{std::move(*form), std::make_unique<PixbufPictureLoader>(), {}};
-  auto components = loadComponents(opened.form, *opened.pictures, progress);
+  OpenedForm opened{std::move(*form), {}};
+  auto components = loadComponents(opened.form, decodePicture, progress);
   if (!components) return components.error();
   opened.components = std::move(*components);
   if (opened.form.isMadeUp()) {

@@ -2,11 +2,9 @@
 
 #pragma once
 
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "backends/native/pixbuf_picture_loader.h"
 #include "tools/tessera/form.h"
 #include "tools/tessera/form_components.h"
 
@@ -15,7 +13,6 @@ namespace tessera {
 // A form with its data, before anything of it stands on a page.
 struct OpenedForm {
   Form form;
-  std::unique_ptr<PictureLoader> pictures;  // of the image sets, and outlives them
   FormComponents components;
 };
 

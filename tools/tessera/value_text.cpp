@@ -9,6 +9,7 @@
 
 #include "shared/calendar.h"
 #include "shared/change_type.h"
+#include "shared/real_text.h"
 #include "shared/utf.h"
 
 namespace tessera {
@@ -65,15 +66,6 @@ bool isReal(std::string_view word) {
   std::string_view power = word.substr(exponent + 1);
   if (power.starts_with('-') || power.starts_with('+')) power.remove_prefix(1);
   return isDigits(power);
-}
-
-double realNumber(std::string_view word) {
-  double number = 0;
-  const auto read = std::from_chars(word.data(), word.data() + word.size(), number);
-  if (read.ec != std::errc::result_out_of_range) return number;
-  const bool isSmall = word.find("e-") != std::string_view::npos || word.find("E-") != std::string_view::npos;
-  return std::copysign(isSmall ? 0.0 : std::numeric_limits<double>::infinity(),
-                       word.front() == '-' ? -1.0 : 1.0);
 }
 
 std::optional<XValue> errorOfWord(std::string_view digits) {
@@ -154,7 +146,7 @@ std::optional<XValue> valueOfWord(std::string_view word) {
       return XValue::ofInt64(*number);
     }
   }
-  if (isReal(word)) return XValue::ofDouble(realNumber(word));
+  if (isReal(word)) return XValue::ofDouble(readReal(word).value);
   if (word.starts_with(errorPrefix)) return errorOfWord(word.substr(errorPrefix.size()));
   if (word.starts_with(datePrefix)) {
     if (const auto date = parseIsoDate(utf16FromUtf8(word.substr(datePrefix.size())))) {

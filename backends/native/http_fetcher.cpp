@@ -1,4 +1,4 @@
-#include "backends/native/curl_http_client.h"
+#include "backends/native/http_fetcher.h"
 
 #include <curl/curl.h>
 #include <string_view>
@@ -48,6 +48,11 @@ std::string escaped(const std::string& url) {
   return result;
 }
 
+// libcurl asks several times a second.
+int isStopped(void* stopped, curl_off_t, curl_off_t, curl_off_t, curl_off_t) noexcept {
+  return *static_cast<const std::atomic<bool>*>(stopped) ? 1 : 0;
+}
+
 struct Header {
   curl_slist* list;
   explicit Header(const char* line) : list(curl_slist_append(nullptr, line)) {}
@@ -58,7 +63,7 @@ struct Header {
 
 }  // namespace
 
-struct CurlHttpClient::Session {
+struct HttpFetcher::Session {
   CURL* handle;
   Header accept{"Accept: */*"};
 
@@ -71,10 +76,12 @@ struct CurlHttpClient::Session {
   Session& operator=(const Session&) = delete;
 
   // All options that were understood; an unknown one must not be passed over in silence.
-  bool prepare(const std::string& url, const HttpLimits& limits, Receiver& receiver);
+  bool prepare(const std::string& url, const HttpLimits& limits, Receiver& receiver,
+               const std::atomic<bool>& stopped);
 };
 
-bool CurlHttpClient::Session::prepare(const std::string& url, const HttpLimits& limits, Receiver& receiver) {
+bool HttpFetcher::Session::prepare(const std::string& url, const HttpLimits& limits, Receiver& receiver,
+                                   const std::atomic<bool>& stopped) {
   curl_easy_reset(handle);
   bool ok = accept.list != nullptr;
   const auto set = [&](CURLoption option, auto value) {
@@ -94,17 +101,20 @@ bool CurlHttpClient::Session::prepare(const std::string& url, const HttpLimits& 
   set(CURLOPT_MAXFILESIZE_LARGE, static_cast<curl_off_t>(limits.bytes));
   set(CURLOPT_WRITEFUNCTION, &Receiver::onBytes);
   set(CURLOPT_WRITEDATA, static_cast<void*>(&receiver));
+  set(CURLOPT_NOPROGRESS, 0L);
+  set(CURLOPT_XFERINFOFUNCTION, &isStopped);
+  set(CURLOPT_XFERINFODATA, const_cast<void*>(static_cast<const void*>(&stopped)));
   return ok;
 }
 
-CurlHttpClient::CurlHttpClient(HttpLimits limits) : limits_(limits), session_(std::make_unique<Session>()) {}
+HttpFetcher::HttpFetcher(HttpLimits limits) : limits_(limits), session_(std::make_unique<Session>()) {}
 
-CurlHttpClient::~CurlHttpClient() = default;
+HttpFetcher::~HttpFetcher() = default;
 
-bool CurlHttpClient::get(const std::string& url, std::vector<std::byte>& body) {
-  if (!session_->handle || !isWebAddress(url)) return false;
+bool HttpFetcher::get(const std::string& url, std::vector<std::byte>& body) {
+  if (stopped_ || !session_->handle || !isWebAddress(url)) return false;
   Receiver receiver{{}, limits_.bytes};
-  if (!session_->prepare(url, limits_, receiver)) return false;
+  if (!session_->prepare(url, limits_, receiver, stopped_)) return false;
   if (curl_easy_perform(session_->handle) != CURLE_OK) return false;
   long status = 0;
   curl_easy_getinfo(session_->handle, CURLINFO_RESPONSE_CODE, &status);

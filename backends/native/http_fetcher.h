@@ -1,12 +1,13 @@
-// HTTP by libcurl.
+// HTTP by libcurl, as a call that waits.
 
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <cstddef>
 #include <memory>
-
-#include "platform/picture_loader.h"
+#include <string>
+#include <vector>
 
 namespace tessera {
 
@@ -18,19 +19,24 @@ struct HttpLimits {
 
 // No cookies, no .netrc, certificates are verified; redirects may not leave http and https. The proxy
 // variables of the environment count. Connections are kept for the next call. One thread at a time.
-class CurlHttpClient final : public HttpClient {
+class HttpFetcher {
  public:
-  explicit CurlHttpClient(HttpLimits limits = {});
-  ~CurlHttpClient() override;
+  explicit HttpFetcher(HttpLimits limits = {});
+  ~HttpFetcher();
+  HttpFetcher(const HttpFetcher&) = delete;
+  HttpFetcher& operator=(const HttpFetcher&) = delete;
 
   // `body` is written only on success.
-  bool get(const std::string& url, std::vector<std::byte>& body) override;
+  bool get(const std::string& url, std::vector<std::byte>& body);
+  // Ends the call that is under way and all later ones. Any thread may call it.
+  void stop() { stopped_ = true; }
 
  private:
   struct Session;
 
   HttpLimits limits_;
   std::unique_ptr<Session> session_;
+  std::atomic<bool> stopped_ = false;
 };
 
 }  // namespace tessera
