@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "config/child_words.h"
 #include "shared/compare.h"
 
 namespace tessera {
@@ -20,7 +21,7 @@ void ImageCache::ReloadImages(const ColumnList& columns, const DataLink& link) {
   clear();
   std::vector<XString> names;
   for (const ColumnRecord& column : columns) {
-    if (column.child.type == CellKind::Image) names.push_back(column.refColumnId);
+    if (valueOfKind(column.child.type) == CellValue::PictureKey) names.push_back(column.refColumnId);
   }
   for (const XString& name : names) addColumn(name, link, *source);
 }
@@ -45,7 +46,7 @@ void ImageCache::ReloadCellImage(const ColumnList& columns, const DataLink& link
   XString name;
   dataSet->GetColumnName(column, name);
   const bool isImageColumn = std::any_of(columns.begin(), columns.end(), [&name](const ColumnRecord& record) {
-    return record.child.type == CellKind::Image && equalNoCase(record.refColumnId, name);
+    return valueOfKind(record.child.type) == CellValue::PictureKey && equalNoCase(record.refColumnId, name);
   });
   if (!isImageColumn) return;
   XString key;

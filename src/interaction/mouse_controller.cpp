@@ -3,10 +3,10 @@
 #include <array>
 #include <cstdlib>
 
+#include "cells/head_layout.h"
 #include "interaction/cursor_shape.h"
-#include "interaction/head_check.h"
+#include "interaction/page_cells.h"
 #include "interaction/reading_scope.h"
-#include "interaction/tree_box_hit.h"
 
 namespace tessera {
 
@@ -90,7 +90,7 @@ MouseController::PressResult MouseController::press(Spot& spot) {
 bool MouseController::tickHeadCheck(const Spot& spot) {
   if (!spot.hit.column) return false;
   ColumnRecord& column = spot.hit.column->value();
-  if (!headCheckRect(column.header).holds(spot.at.x, spot.at.y)) return false;
+  if (!layoutHead(column.header).check.pressed.holds(spot.at.x, spot.at.y)) return false;
   column.header.checked = !column.header.checked;
   const std::array arguments = {XValue::ofInt(column.index), XValue::ofText(spot.colid),
                                 XValue::ofInt(column.header.checked ? 1 : 0)};
@@ -134,10 +134,8 @@ bool MouseController::changesSelection(const Hit& hit) const {
 
 bool MouseController::isOnTreeBox(const Spot& spot) const {
   if (!spot.hit.column || !spot.hit.node) return false;
-  const ColumnRecord& column = spot.hit.column->value();
-  Rect cell = cellRect(parts_.frame(), column, parts_.page.VisibleIndex(spot.hit.node));
-  cell.left = column.view.rect.left;
-  return hitsTreeBox(parts_.config.tree, column, cell, *spot.hit.node, spot.at);
+  const CellLayout layout = layoutOf(parts_, spot.hit.column->value(), *spot.hit.node);
+  return layout.treeBox.pressed.holds(spot.at.x, spot.at.y);
 }
 
 void MouseController::move(Point at) {

@@ -4,9 +4,8 @@
 #include <limits>
 #include <optional>
 
+#include "cells/cell_kinds.h"
 #include "config/format_value.h"
-#include "render/cell_painters.h"
-#include "render/glyphs.h"
 #include "rows/suppress.h"
 
 namespace tessera {
@@ -45,37 +44,9 @@ class WidthMeter {
   }
 
   std::optional<std::int32_t> dataRowWidth(std::int32_t row) {
-    const ChildSpec& child = column_.child;
-    switch (child.type) {
-      case CellKind::Check:
-        return withMargins(
-            column_.view,
-            markWidth(row, child.checkText, isOff(text_) ? child.checkBitmapOff : child.checkBitmapOn));
-      case CellKind::Radio:
-        return withMargins(
-            column_.view,
-            markWidth(row, child.radioText, isOff(text_) ? child.radioBitmapOff : child.radioBitmapOn));
-      case CellKind::Image:
-        return pictureWidth(row);
-      default:
-        return withMargins(column_.view, textWidth(text_));
-    }
-  }
-
-  std::int32_t markWidth(std::int32_t row, const XString& labelColumn, Glyph mark) {
-    const std::int32_t width = glyphSize(mark).width + glyphGap;
-    if (labelColumn.empty()) return width;
-    texts_.link.valueByName(row, labelColumn, texts_.scratch.value);
-    formatValue(column_.view, texts_.scratch.value, texts_.eval, text_);
-    return addClamped(width, textWidth(text_));
-  }
-
-  std::optional<std::int32_t> pictureWidth(std::int32_t row) {
-    XValue& key = texts_.scratch.value;
-    texts_.link.valueByName(row, column_.refColumnId, key);
-    if (key.type() != VT_BSTR) return std::nullopt;
-    const BitmapRef picture = images_.FindImage(key.asText());
-    return withMargins(column_.view, picture ? picture->width : 0);
+    const auto width = kindOf(column_).face->width({canvas_, texts_, images_, font_, column_, row, text_});
+    if (!width) return std::nullopt;
+    return withMargins(column_.view, *width);
   }
 
   Canvas& canvas_;

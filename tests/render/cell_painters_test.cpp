@@ -1,5 +1,3 @@
-#include "render/cell_painters.h"
-
 #include <tuple>
 
 #include "render/paint_fixture.h"
