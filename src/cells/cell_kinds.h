@@ -21,7 +21,10 @@ struct CellFace {
 
 extern const CellFace plainFace, editFace, dropFace, checkFace, radioFace, imageFace, barFace;
 
-// What a key or a press can do with a cell; interaction/cell_actions.cpp does it.
+// Text, lines and box of a row of any level in a tree column, whatever the kind of the column's cells.
+void paintTreeCell(const CellTools& tools, const CellJob& job);
+
+// What a key or a press can do with a cell; EditorController::act() does it.
 enum class CellAction { None, OpenBox, OpenList, FirePopup, FlipMark, SetMark };
 
 // The window that a cell is edited in.
@@ -34,16 +37,25 @@ struct CellKindRow {
   const CellFace* face;
   // A cell that shows its text and nothing else, but for a button. Nothing of it goes beyond its rectangle.
   bool isText = false;
-  // Equal rows may stand as one tall cell.
-  bool spans = false;
   ButtonRule button = ButtonRule::None;
   CellEditor editor = CellEditor::None;
   CellAction enter = CellAction::None;
-  bool enterAsksEditable = false;
   CellAction space = CellAction::None;  // where the cell is editable
   CellAction press = CellAction::None;  // likewise, on the mark or the focus cell's button
+  bool enterAsks = true;                // Enter does it only where the cell is editable
+  bool spans = false;                   // equal rows may stand as one tall cell
   bool takesTab = true;                 // Tab stops here
 };
+
+constexpr CellKindRow rowWithList(CellKind kind) {
+  return {.kind = kind,
+          .face = &dropFace,
+          .isText = true,
+          .button = ButtonRule::WhenEditable,
+          .editor = CellEditor::List,
+          .enter = CellAction::OpenList,
+          .press = CellAction::OpenList};
+}
 
 inline constexpr std::array cellKinds = {
     CellKindRow{.kind = CellKind::None, .face = &plainFace, .isText = true, .spans = true, .takesTab = false},
@@ -53,33 +65,20 @@ inline constexpr std::array cellKinds = {
                 .button = ButtonRule::Always,
                 .editor = CellEditor::Box,
                 .enter = CellAction::OpenBox,
-                .enterAsksEditable = true,
                 .press = CellAction::FirePopup},
-    CellKindRow{.kind = CellKind::Combo,
-                .face = &dropFace,
-                .isText = true,
-                .button = ButtonRule::WhenEditable,
-                .editor = CellEditor::List,
-                .enter = CellAction::OpenList,
-                .press = CellAction::OpenList},
-    CellKindRow{.kind = CellKind::Lookup,
-                .face = &dropFace,
-                .isText = true,
-                .button = ButtonRule::WhenEditable,
-                .editor = CellEditor::List,
-                .enter = CellAction::OpenList,
-                .press = CellAction::OpenList},
+    rowWithList(CellKind::Combo),
+    rowWithList(CellKind::Lookup),
     CellKindRow{.kind = CellKind::Check,
                 .face = &checkFace,
                 .enter = CellAction::FlipMark,
-                .enterAsksEditable = true,
                 .space = CellAction::FlipMark,
                 .press = CellAction::FlipMark},
     CellKindRow{.kind = CellKind::Image, .face = &imageFace},
     CellKindRow{.kind = CellKind::Radio,
                 .face = &radioFace,
                 .enter = CellAction::SetMark,
-                .press = CellAction::SetMark},
+                .press = CellAction::SetMark,
+                .enterAsks = false},
     CellKindRow{.kind = CellKind::Bar, .face = &barFace},
 };
 static_assert(isInOrderOfKinds(cellKinds), "a row for every kind, in their order");

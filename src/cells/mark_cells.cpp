@@ -12,14 +12,12 @@ constexpr std::int32_t gap = 3;  // between mark and side, and between mark and 
 // What differs between the two.
 struct MarkFields {
   XString ChildSpec::*labelColumn;
-  Glyph ChildSpec::*on;
-  Glyph ChildSpec::*off;
+  Glyph on;
+  Glyph off;
   bool greysOut;  // its ground tells whether the mark can be changed
 };
-constexpr MarkFields checkFields{&ChildSpec::checkText, &ChildSpec::checkBitmapOn, &ChildSpec::checkBitmapOff,
-                                 true};
-constexpr MarkFields radioFields{&ChildSpec::radioText, &ChildSpec::radioBitmapOn, &ChildSpec::radioBitmapOff,
-                                 false};
+constexpr MarkFields checkFields{&ChildSpec::checkText, Glyph::CheckOn, Glyph::CheckOff, true};
+constexpr MarkFields radioFields{&ChildSpec::radioText, Glyph::RadioOn, Glyph::RadioOff, false};
 
 // "F" in any case, and texts that start with "0".
 bool isOff(std::u16string_view value) { return equalNoCase(value, u"F") || value.starts_with(u'0'); }
@@ -55,13 +53,12 @@ Rect pressedMark(Glyph glyph, Side side, const Rect& cell) {
 template <const MarkFields& fields>
 void layoutMark(const CellPlace& place, CellLayout& layout) {
   const ColumnRecord& column = place.column;
-  const Glyph on = column.child.*fields.on;
-  const Glyph glyph = place.isOff ? column.child.*fields.off : on;
+  const Glyph glyph = place.isOff ? fields.off : fields.on;
   const Side side = sideOfMark(column, place.hasLabel);
   const std::int32_t width = glyphSize(glyph).width;
-  layout.mark = {
-      glyph, glyphRect(glyph, layout.cell, leftOfMark(side, layout.cell, width)),
-      pressedMark(on, sideOfMark(column, !(column.child.*fields.labelColumn).empty()), layout.reachable)};
+  layout.mark = {glyph, glyphRect(glyph, layout.cell, leftOfMark(side, layout.cell, width)),
+                 pressedMark(fields.on, sideOfMark(column, !(column.child.*fields.labelColumn).empty()),
+                             layout.reachable)};
   if (place.hasLabel && (layout.align & align::center) != 0) {
     layout.align = (layout.align & ~align::center) | align::left;
   }
@@ -91,9 +88,8 @@ bool paintMark(const CellTools& tools, const CellJob& job) {
 
 template <const MarkFields& fields>
 std::optional<std::int32_t> markWidth(const WidthJob& job) {
-  const ChildSpec& child = job.column.child;
-  const std::int32_t width = glyphSize(isOff(job.text) ? child.*fields.off : child.*fields.on).width + gap;
-  textOfColumn(job.texts, job.column, job.row, child.*fields.labelColumn, job.text);
+  const std::int32_t width = glyphSize(isOff(job.text) ? fields.off : fields.on).width + gap;
+  textOfColumn(job.texts, job.column, job.row, job.column.child.*fields.labelColumn, job.text);
   return addClamped(width, job.textWidth());
 }
 

@@ -5,11 +5,12 @@
 namespace tessera {
 namespace {
 
+// Most cells are of this kind, and without its button the text stands where the record says.
 bool paintText(const CellTools& tools, const CellJob& job) {
-  const CellLayout layout = layoutCell(job.place);
-  DrawStyle style(job.place.column.view);
-  style.rightMargin = layout.rightMargin;
-  drawCell({tools.canvas, tools.texts.eval, job.ground}, style, layout.cell, job.text, job.place.clipLeft);
+  const CellPlace& place = job.place;
+  DrawStyle style(place.column.view);
+  if (place.showsButton) style.rightMargin = layoutCell(place).rightMargin;
+  drawCell({tools.canvas, tools.texts.eval, job.ground}, style, place.cell, job.text, place.clipLeft);
   return true;
 }
 

@@ -1,7 +1,9 @@
-#include "cells/tree_cell.h"
+// The cells of a tree column.
 
 #include <algorithm>
 #include <array>
+
+#include "cells/cell_kinds.h"
 
 namespace tessera {
 namespace {

@@ -81,9 +81,6 @@ inline constexpr ValueWord barAlignWords[] = {
 // The flags of a list separated by commas; blanks, tabs and unknown words do not count.
 std::int32_t parseInputType(std::u16string_view list);
 
-// Sets the kind and, for check and radio cells, their glyphs.
-void setCellKind(ChildSpec& child, CellKind kind);
-
 // Column names where the word "none" means no column.
 XString columnNameOrNone(const XString& value);
 

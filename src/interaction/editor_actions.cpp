@@ -40,7 +40,7 @@ void EditorController::enterAction() {
   }
   const ColumnRecord* const column = focusColumn();
   if (!column) return;
-  if (kindOf(*column).enterAsksEditable && !column->child.isEditable(parts_.eval)) return;
+  if (kindOf(*column).enterAsks && !column->child.isEditable(parts_.eval)) return;
   actByKey(&CellKindRow::enter);
 }
 

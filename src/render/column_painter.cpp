@@ -1,7 +1,6 @@
 #include "render/column_painter.h"
 
 #include "cells/cell_kinds.h"
-#include "cells/tree_cell.h"
 #include "render/row_view_of.h"
 #include "rows/suppress.h"
 

@@ -14,48 +14,37 @@ namespace {
 class WidthMeter {
  public:
   WidthMeter(Canvas& canvas, const TextSource& texts, const ImageCache& images, const ColumnRecord& column)
-      : canvas_(canvas),
-        texts_(texts),
-        images_(images),
-        column_(column),
-        font_(column.view.effectiveFont(texts.eval)),
-        columnIndex_(texts.link.columnIndex(column.refColumnId)) {}
+      : font_(column.view.effectiveFont(texts.eval)),
+        columnIndex_(texts.link.columnIndex(column.refColumnId)),
+        job_{canvas, texts, images, font_, column, 0, text_} {}
 
   // Nothing for a row that does not count.
   std::optional<std::int32_t> rowWidth(std::int32_t row) {
-    const CellSpan span = CellTextAndSpan(texts_, column_, row, columnIndex_, {}, text_);
-    if (span.level == 0) return dataRowWidth(row);
-    const GroupCell* group = span.level > 0 ? column_.groupOfLevel(span.level) : nullptr;
-    return group ? withMargins(*group, textWidth(text_)) : textWidth(text_);
+    const ColumnRecord& column = job_.column;
+    const CellSpan span = CellTextAndSpan(job_.texts, column, row, columnIndex_, {}, text_);
+    if (span.level == 0) {
+      job_.row = row;
+      const std::optional<std::int32_t> width = kindOf(column).face->width(job_);
+      return width ? std::optional(withMargins(column.view, *width)) : std::nullopt;
+    }
+    const GroupCell* group = span.level > 0 ? column.groupOfLevel(span.level) : nullptr;
+    return group ? withMargins(*group, job_.textWidth()) : job_.textWidth();
   }
 
   std::int32_t summaryWidth() {
-    displayText(column_.summary, texts_.eval, text_);
-    return withMargins(column_.summary, textWidth(text_));
+    displayText(job_.column.summary, job_.texts.eval, text_);
+    return withMargins(job_.column.summary, job_.textWidth());
   }
 
  private:
-  std::int32_t textWidth(std::u16string_view text) {
-    return text.empty() ? 0 : canvas_.textExtent(font_, text).width;
-  }
-
   static std::int32_t withMargins(const CellStyle& style, std::int32_t width) {
     return addClamped(width, addClamped(style.leftMargin, style.rightMargin));
   }
 
-  std::optional<std::int32_t> dataRowWidth(std::int32_t row) {
-    const auto width = kindOf(column_).face->width({canvas_, texts_, images_, font_, column_, row, text_});
-    if (!width) return std::nullopt;
-    return withMargins(column_.view, *width);
-  }
-
-  Canvas& canvas_;
-  const TextSource& texts_;
-  const ImageCache& images_;
-  const ColumnRecord& column_;
   LogFont font_;
   std::int32_t columnIndex_;
   XString text_;
+  WidthJob job_;
 };
 
 }  // namespace

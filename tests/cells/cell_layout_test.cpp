@@ -4,7 +4,6 @@
 #include <limits>
 
 #include "cells/head_layout.h"
-#include "config/child_words.h"
 
 namespace tessera {
 
@@ -20,7 +19,7 @@ constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
 
 ColumnRecord columnOf(CellKind kind, std::int32_t align = align::centerCenter) {
   ColumnRecord column;
-  setCellKind(column.child, kind);
+  column.child.type = kind;
   column.view.align = align;
   return column;
 }
@@ -70,17 +69,6 @@ TEST(CellLayout, WhatIsScrolledAway) {
   EXPECT_EQ(button.button.drawn, (Rect{190, 37, 200, 54}));
   EXPECT_EQ(button.button.pressed, (Rect{183, 41, 200, 59}));
   EXPECT_EQ(button.body.right, 183);
-}
-
-TEST(CellLayout, EditorsLeaveRoomForTheButton) {
-  const TreeInfo tree;
-  ColumnRecord column = columnOf(CellKind::Edit);
-  const CellPlace place{.column = column, .tree = tree, .cell = cell, .showsButton = true};
-  EXPECT_EQ(layoutCell(place).editor, (Rect{100, 40, 199, 59}));
-  EXPECT_TRUE(layoutCell(place).button.pressed.empty());
-  column.child.subType = EditKind::Popup;
-  EXPECT_EQ(layoutCell(place).editor, (Rect{100, 40, 183, 60}));
-  EXPECT_EQ(layoutCell(place).rightMargin, 23);
 }
 
 TEST(CellLayout, Trees) {

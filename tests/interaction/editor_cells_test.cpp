@@ -50,12 +50,8 @@ class Marks : public GridTest {
  protected:
   Marks() {
     setColumns("a 0 60 0 20\nb 60 120 0 20\nc 120 180 0 20", [](GridTest& test) {
-      for (const char* id : {"a", "b"}) {
-        test.column(id).child.type = CellKind::Check;
-        test.column(id).child.checkBitmapOn = Glyph::CheckOn;
-      }
+      for (const char* id : {"a", "b"}) test.column(id).child.type = CellKind::Check;
       test.column("c").child.type = CellKind::Radio;
-      test.column("c").child.radioBitmapOn = Glyph::RadioOn;
     });
     setFormats({{u"a", columnInteger}, {u"b"}, {u"c", columnInteger}}, 3);
     for (std::int32_t row = 1; row <= 3; ++row) {
