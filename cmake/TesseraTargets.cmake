@@ -1,13 +1,8 @@
 # Targets of the project: one library a folder, one test program a test folder.
 
-find_program(TESSERA_CCACHE ccache)
-if(TESSERA_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER ${TESSERA_CCACHE})
-endif()
-
 add_library(tessera_options INTERFACE)
 target_compile_options(tessera_options INTERFACE
-  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wold-style-cast -Wnon-virtual-dtor
+  $<$<BOOL:${TESSERA_WERROR}>:-Werror> -Wall -Wextra -Wpedantic -Wshadow -Wold-style-cast -Wnon-virtual-dtor
   -Woverloaded-virtual -Wimplicit-fallthrough -Wcast-qual
   # g++ 12 finds overlaps in the concatenation of std::string that are not there.
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
@@ -16,15 +11,21 @@ if(TESSERA_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
-# tessera_library(NAME SOURCES a.cpp ... DEPENDS target ... LIBRARIES imported ...)
+# The first that is named: a caller passes the choice, if there is one, before the default.
+function(tessera_reuse_precompiled name precompiled)
+  target_precompile_headers(${name} REUSE_FROM ${precompiled})
+endfunction()
+
+# tessera_library(NAME SOURCES a.cpp ... DEPENDS target ... LIBRARIES imported ... [PRECOMPILED target])
 # DEPENDS are visible to users of the library, LIBRARIES are its own affair.
 function(tessera_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS;LIBRARIES" ${ARGN})
+  cmake_parse_arguments(ARG "" "PRECOMPILED" "SOURCES;DEPENDS;LIBRARIES" ${ARGN})
   if(ARG_SOURCES)
     add_library(${name} STATIC ${ARG_SOURCES})
     target_include_directories(${name} PUBLIC
       ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR})
     target_link_libraries(${name} PUBLIC ${ARG_DEPENDS} PRIVATE tessera_options ${ARG_LIBRARIES})
+    tessera_reuse_precompiled(${name} ${ARG_PRECOMPILED} tessera_pch)
   else()
     add_library(${name} INTERFACE)
     target_include_directories(${name} INTERFACE
@@ -33,13 +34,13 @@ function(tessera_library name)
   endif()
 endfunction()
 
-# tessera_test(NAME SOURCES a_test.cpp ... DEPENDS target ...): a GoogleTest program.
+# tessera_test(NAME SOURCES a_test.cpp ... DEPENDS target ... [PRECOMPILED target]): a GoogleTest program.
 function(tessera_test name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+  cmake_parse_arguments(ARG "" "PRECOMPILED" "SOURCES;DEPENDS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
-  target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} tessera_options GTest::gtest_main)
+  target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} tessera_options tessera_test_paths GTest::gtest_main)
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
-  target_compile_definitions(${name} PRIVATE TESSERA_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+  tessera_reuse_precompiled(${name} ${ARG_PRECOMPILED} tessera_test_pch)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)
 endfunction()

@@ -99,7 +99,7 @@ int main() {
                         for (int i = 0; i < jumps; ++i) {
                           const std::int32_t row = anyRow(random);
                           data->SetCurrentRow(row);
-                          landed = landed && control.parts().focus.FocusRow->row == row;
+                          landed = landed && control.parts().focus.FocusRow.number == row;
                         }
                       }) /
                       jumps;

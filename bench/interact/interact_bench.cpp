@@ -81,10 +81,7 @@ class GridPeer : public InputPeer {
     window_.update();
   }
   void repaint() override { control_.Repaint(nullptr); }
-  std::int32_t focusRow() const override {
-    const RowNode* row = control_.parts().focus.FocusRow;
-    return row ? row->row : 0;
-  }
+  std::int32_t focusRow() const override { return control_.parts().focus.FocusRow.number; }
   std::int32_t topRow() const override { return control_.parts().page.TopOrdinal; }
 
   Tessera& control() { return control_; }

@@ -155,7 +155,7 @@ class TesseraGrid : public Painted {
   double darkShare() override { return look().darkShare(); }
   bool shows(std::int32_t row) const {
     const auto& visible = control_.parts().page.VisibleRows;
-    return !visible.empty() && visible.front()->row == row + 1 &&
+    return !visible.empty() && visible.front().number == row + 1 &&
            visible.size() >= static_cast<std::size_t>(page_.rows);
   }
 

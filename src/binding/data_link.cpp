@@ -20,6 +20,7 @@ void DataLink::unbind() {
 }
 
 void DataLink::setDataSet(std::shared_ptr<DataSetControl> dataSet) {
+  if (dataSet != dataSet_) ++binding_;
   std::swap(dataSet_, dataSet);
   if (asking_ > 0) released_.push_back(std::move(dataSet));
   forgetColumns();

@@ -29,6 +29,8 @@ class DataLink {
 
   DataSetControl* dataSet() const { return dataSet_.get(); }
   ImageSetControl* imageSet() const { return imageSet_.get(); }
+  // Another number for each data set that was bound here: addresses are used again.
+  std::uint64_t binding() const { return binding_; }
   // Keep a component alive over a call that may let go of it.
   std::shared_ptr<DataSetControl> holdDataSet() const { return dataSet_; }
   std::shared_ptr<ImageSetControl> holdImageSet() const { return imageSet_; }
@@ -104,6 +106,7 @@ class DataLink {
   ImageSink imageSink_;
   std::shared_ptr<DataSetControl> dataSet_;
   std::shared_ptr<ImageSetControl> imageSet_;
+  std::uint64_t binding_ = 0;
   std::int32_t selfMoves_ = 0;
   mutable std::int32_t asking_ = 0;
   mutable std::vector<std::shared_ptr<DataSetControl>> released_;

@@ -60,7 +60,7 @@ bool paintBar(const CellTools& tools, const CellJob& job) {
   const ChildSpec& child = column.child;
   std::u16string_view text = job.text;
   if (!child.barText.empty()) {
-    textOfColumn(tools.texts, column, job.place.row.row, child.barText, tools.scratch.label);
+    textOfColumn(tools.texts, column, job.place.row.row.number, child.barText, tools.scratch.label);
     text = tools.scratch.label;
   }
   const DrawStyle style(column.view);

@@ -18,7 +18,7 @@ bool findPicture(const TextSource& texts, const ImageCache& images, const Column
 bool paintImage(const CellTools& tools, const CellJob& job) {
   const ColumnRecord& column = job.place.column;
   BitmapRef picture;
-  if (!findPicture(tools.texts, tools.images, column, job.place.row.row, picture)) return false;
+  if (!findPicture(tools.texts, tools.images, column, job.place.row.row.number, picture)) return false;
   DrawStyle style(column.view);
   style.image = picture.get();
   // Without a picture the ground shows, which a stretched one would not paint.

@@ -70,7 +70,7 @@ template <const MarkFields& fields>
 bool paintMark(const CellTools& tools, const CellJob& job) {
   const ColumnRecord& column = job.place.column;
   XString& label = tools.scratch.label;
-  textOfColumn(tools.texts, column, job.place.row.row, column.child.*fields.labelColumn, label);
+  textOfColumn(tools.texts, column, job.place.row.row.number, column.child.*fields.labelColumn, label);
   CellPlace place = job.place;
   place.isOff = isOff(job.text);
   place.hasLabel = !label.empty();

@@ -35,7 +35,7 @@ HResult DataNotifications::DataChanged(std::int32_t, std::int32_t) {
 
 HResult DataNotifications::RowsAdded(std::int32_t, std::int32_t rowCount) {
   if (!mayChange()) return S_OK;
-  const bool fewer = rowCount < parts_.rows.displayCount();
+  const bool fewer = rowCount < parts_.rows.rowCount();
   parts_.rows.setPlainCount(rowCount);
   if (fewer) cutRows(rowCount);
   if (!parts_.window) return S_OK;
@@ -55,10 +55,18 @@ HResult DataNotifications::RowsAdded(std::int32_t, std::int32_t rowCount) {
 
 // What stood on the rows behind the end goes to the last row that is left.
 void DataNotifications::cutRows(std::int32_t count) {
-  ++parts_.numbering;
-  editors_.rowsCut(count);
-  selection().rowsCut(count);
+  const bool stood = static_cast<bool>(parts_.focus.currentRow());
+  renumber(RowsChanged::cutTo(count));
+  if (stood && !parts_.focus.currentRow()) selection().follow(parts_.rows.lastDisplayable());
   if (parts_.window) refillFromTop(parts_.frame().rowCapacity());
+}
+
+// Everything that holds rows by their number hears of a change here.
+void DataNotifications::renumber(const RowsChanged& change) {
+  ++parts_.numbering;
+  parts_.focus.renumber(change);
+  parts_.focus.renumber(RowsChanged::cutTo(parts_.rows.rowCount()));
+  editors_.renumber(change);
 }
 
 HResult DataNotifications::CanChange(std::int32_t, std::int32_t, VariantBool& allowed) {
@@ -70,12 +78,12 @@ HResult DataNotifications::CurrentRowChanged(std::int32_t cookie, std::int32_t r
   if (!listening()) return S_OK;
   const bool ownCall = cookie == ownCallCookie;
   if (!endEdit(row, ownCall)) return S_OK;
-  RowNode* node = parts_.rows.find(row);
-  if (!node) {
-    if (!selection().follow(nullptr) || !ownCall) return S_OK;
+  const Row current = parts_.rows.find(row);
+  if (!current) {
+    if (!selection().follow(noRow) || !ownCall) return S_OK;
   } else {
-    if (!takeCurrentRow(node, ownCall)) return S_OK;
-    parts_.page.bringCurrent(parts_.rows, parts_.frame().rowCapacity(), parts_.rows.find(row));
+    if (!takeCurrentRow(current, ownCall)) return S_OK;
+    parts_.page.bringCurrent(parts_.rows, parts_.frame().rowCapacity(), current);
     needColumn();
   }
   parts_.updateBars(bar_bit::vertical);
@@ -85,8 +93,7 @@ HResult DataNotifications::CurrentRowChanged(std::int32_t cookie, std::int32_t r
 
 // A move to another row saves what is being edited. False when the host changed the grid meanwhile.
 bool DataNotifications::endEdit(std::int32_t row, bool ownCall) {
-  const RowNode* focusRow = parts_.focus.FocusRow;
-  const bool moves = parts_.focus.CellMode && (ownCall || !focusRow || focusRow->row != row);
+  const bool moves = parts_.focus.CellMode && (ownCall || parts_.focus.FocusRow != Row{row});
   if (!moves || !editors_.active()) return true;
   const GridWatch watch(parts_, services_);
   editors_.tryCommit(CommitMode::FocusLost);
@@ -94,15 +101,15 @@ bool DataNotifications::endEdit(std::int32_t row, bool ownCall) {
 }
 
 // False when the focus stands there already or has no column to stand in, or when the grid went.
-bool DataNotifications::takeCurrentRow(RowNode* node, bool ownCall) {
+bool DataNotifications::takeCurrentRow(Row row, bool ownCall) {
   const FocusModel& focus = parts_.focus;
   if (focus.CellMode) {
-    if (focus.FocusRow == node && !ownCall) return false;
+    if (focus.FocusRow == row && !ownCall) return false;
     if (focus.FocusRow && !focus.FocusColumn) return false;
-  } else if (selection().head() == node && !ownCall) {
+  } else if (selection().head() == row && !ownCall) {
     return false;
   }
-  return selection().follow(node);
+  return selection().follow(row);
 }
 
 // A focus row without a column would leave the keyboard without a cell.
@@ -131,24 +138,17 @@ HResult DataNotifications::Reserved(std::int32_t, std::int32_t) { return S_OK; }
 // The row's place lies in the dataset alone: the tree grows or shrinks at its end. What is open and what is
 // selected goes on under the rows' new numbers.
 void DataNotifications::changeRowCount(std::int32_t row, std::int32_t delta) {
-  const bool isAppended = delta > 0 && row > parts_.rows.displayCount();
-  if (!isAppended) ++parts_.numbering;
-  parts_.rows.setPlainCount(addClamped(parts_.rows.displayCount(), delta));
+  const bool isAppended = delta > 0 && row > parts_.rows.rowCount();
+  parts_.rows.setPlainCount(addClamped(parts_.rows.rowCount(), delta));
   parts_.updateBars(bar_bit::vertical);
   if (parts_.page.TopOrdinal > row) parts_.page.TopOrdinal += delta;
-  if (delta > 0) {
-    selection().rowInserted(row);
-    editors_.rowInserted(row);
-  } else {
-    selection().rowDeleted(row);
-    editors_.rowDeleted(row);
-  }
+  if (!isAppended) renumber(delta > 0 ? RowsChanged::inserted(row) : RowsChanged::deleted(row));
 }
 
 // The page stays where it is, but for a first row that the rows have shrunk away from.
 void DataNotifications::refillFromTop(std::int32_t capacity) {
   if (parts_.page.VisibleRows.empty()) return;
-  RowNode* top = parts_.rows.find(parts_.page.VisibleRows.front()->row);
+  Row top = parts_.rows.find(parts_.page.VisibleRows.front().number);
   if (!top) top = parts_.rows.lastDisplayable();
   if (!top) return parts_.page.clear();
   parts_.page.RefillFrom(parts_.rows, capacity, top);
@@ -157,9 +157,7 @@ void DataNotifications::refillFromTop(std::int32_t capacity) {
 // One change of the data set may come in several notifications. Up to the last of them the row numbers of the
 // two sides differ, and nothing may be written or marked by them: false.
 bool DataNotifications::settleRows() {
-  const auto agrees = [this] {
-    return parts_.window && parts_.link.rowCount() == parts_.rows.displayCount();
-  };
+  const auto agrees = [this] { return parts_.window && parts_.link.rowCount() == parts_.rows.rowCount(); };
   if (parts_.window) refillFromTop(parts_.frame().rowCapacity());
   if (!agrees()) return false;
   editors_.tryCommit(CommitMode::FocusLost);
@@ -167,10 +165,8 @@ bool DataNotifications::settleRows() {
 }
 
 void DataNotifications::followCurrentRow() {
-  RowNode* current = parts_.rows.find(parts_.link.currentRow());
-  const std::int32_t number = RowNumber(current);
+  const Row current = parts_.rows.find(parts_.link.currentRow());
   if (!selection().follow(current) || !current) return;
-  current = parts_.rows.find(number);
   const std::int32_t capacity = parts_.frame().rowCapacity();
   if (parts_.page.VisibleRows.empty()) parts_.page.VisibleRows.push_back(current);
   refillFromTop(capacity);
@@ -189,7 +185,7 @@ HResult DataNotifications::RowInserted(std::int32_t, std::int32_t row) {
 // A row that is kept changes nothing but its look. In row mode the data set's flags tell what is selected.
 HResult DataNotifications::RowDeleted(std::int32_t, std::int32_t row) {
   if (!listening()) return S_OK;
-  const bool gone = !parts_.link.keepDeleted() || parts_.link.rowCount() != parts_.rows.displayCount();
+  const bool gone = !parts_.link.keepDeleted() || parts_.link.rowCount() != parts_.rows.rowCount();
   if (gone) changeRowCount(row, -1);
   if (gone && settleRows()) {
     const GridFrame frame = parts_.frame();

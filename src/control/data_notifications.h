@@ -45,12 +45,13 @@ class DataNotifications : public DataClient, public ImageClient {
   RowSelection selection() const { return {parts_, services_}; }
   void changeRowCount(std::int32_t row, std::int32_t delta);
   void cutRows(std::int32_t count);
+  void renumber(const RowsChanged& change);
   // Ends an edit; false while rows are still to come or to go, or without a window.
   bool settleRows();
   void followCurrentRow();
   void refillFromTop(std::int32_t capacity);
   bool endEdit(std::int32_t row, bool ownCall);
-  bool takeCurrentRow(RowNode* node, bool ownCall);
+  bool takeCurrentRow(Row row, bool ownCall);
   void needColumn();
 
   GridParts& parts_;

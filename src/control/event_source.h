@@ -10,8 +10,8 @@
 
 namespace tessera {
 
-// Any listener may call the control again, even to rebuild everything: whoever fires checks
-// GridServices::generation() before it goes on with a row, a column or a copy of a record.
+// Any listener may call the control again, even to rebuild everything: whoever fires compares the GridToken
+// of before with the present one before it goes on with a row, a column or a copy of a record.
 class EventSource {
  public:
   std::uint32_t connect(ITesseraEvents* sink) { return sinks_.connect(sink); }

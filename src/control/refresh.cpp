@@ -37,13 +37,12 @@ void RefreshSequence::clear() {
 
 // The listener of a report may refresh the grid or let go of the data set.
 bool RefreshSequence::compileKept() {
-  const std::uint64_t refreshes = parts_.refreshes;
-  const auto dataSet = parts_.link.holdDataSet();
+  const GridToken token = parts_.token();
   std::int32_t failures = recompileKept(parts_.config.indicator, parts_.expressions);
   failures += recompileKept(parts_.config.background, parts_.expressions);
   for (; failures > 0; --failures) {
     services_.ReportError(ErrorCode::Expression);
-    if (parts_.refreshes != refreshes || parts_.link.holdDataSet() != dataSet) return false;
+    if (parts_.token() != token) return false;
   }
   return true;
 }
@@ -52,13 +51,12 @@ bool RefreshSequence::compileKept() {
 // ColumnInfo or let go of the data set: so the columns are read into a place of their own, and an overtaken
 // reading is dropped.
 bool RefreshSequence::readColumns() {
-  const std::uint64_t refreshes = parts_.refreshes;
-  const auto dataSet = parts_.link.holdDataSet();
+  const GridToken token = parts_.token();
   GridConfig read;
   read.tree = parts_.config.tree;
   const XString text = parts_.settings.ColumnInfo;
   const bool complete = !text.empty() && parseColumnInfo(info_, text, read);
-  if (parts_.refreshes != refreshes || parts_.link.holdDataSet() != dataSet) return false;
+  if (parts_.token() != token) return false;
   parts_.config.columns = std::move(read.columns);
   parts_.config.tree = read.tree;
   if (complete) return true;
@@ -75,6 +73,7 @@ void RefreshSequence::measure() {
   metrics.indicatorShift = 0;
   parts_.makeRoomForIndicator();
   metrics.buildLineTops(columns);
+  parts_.focus.CurrentLine = 0;
   metrics.closeFixedZone(columns);
 }
 
@@ -114,8 +113,8 @@ void RefreshSequence::show() {
 }
 
 void BuildRows(GridParts& parts) {
-  ++parts.generation;
-  parts.focus.FocusRow = nullptr;
+  ++parts.numbering;
+  parts.focus.FocusRow = noRow;
   parts.focus.SelectedRows.clear();
   parts.page.clear();
   parts.rows.buildPlain(parts.link.rowCount());

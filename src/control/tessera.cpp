@@ -91,7 +91,7 @@ void Tessera::windowResized() {
   parts_.updateBars(bar_bit::both);
   const GridFrame frame = parts_.frame();
   if (parts_.page.VisibleRows.empty()) parts_.loader(frame).LoadVisibleRows(false);
-  if (RowNode* top = parts_.page.VisibleAt(0)) {
+  if (const Row top = parts_.page.VisibleAt(0)) {
     parts_.page.RefillFrom(parts_.rows, frame.rowCapacity(), top);
   }
   Repaint(nullptr);
@@ -117,8 +117,7 @@ void Tessera::Refresh() {
   }
   controllers_.editors.abandon();
   if (!parts_.link.dataSet()) return;
-  ++parts_.generation;
-  ++parts_.refreshes;
+  ++parts_.structure;
   RefreshSequence(parts_, *this, info_, site_).run();
 }
 

@@ -62,7 +62,6 @@ class Tessera : public ITessera, public GridServices {
   void ReportError(ErrorCode code) override;
   XValue fire(EventId id, std::span<const XValue> arguments) override { return events_.fire(id, arguments); }
   bool ask(EventId id, std::span<const XValue> arguments) override { return events_.ask(id, arguments); }
-  std::uint64_t generation() const override { return parts_.generation; }
   void catchUp() override;
 
   HResult get_DataID(XString& value) override;

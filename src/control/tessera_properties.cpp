@@ -81,10 +81,10 @@ HResult Tessera::get_IndicatorInfo(XString& value) { return give(parts_.settings
 HResult Tessera::put_IndicatorInfo(const XString& value) {
   if (!changes(parts_.settings.IndicatorInfo, value)) return S_OK;
   IndicatorRecord indicator = parts_.config.indicator;
-  const std::uint64_t refreshes = parts_.refreshes;
+  const std::uint64_t structure = parts_.structure;
   const bool ok = parseIndicatorInfo(info_, value, indicator);
   if (parts_.settings.IndicatorInfo != value) return S_OK;  // a listener has set another one
-  if (parts_.refreshes != refreshes) recompileKept(indicator, parts_.expressions);
+  if (parts_.structure != structure) recompileKept(indicator, parts_.expressions);
   parts_.config.indicator = std::move(indicator);
   if (!ok) {
     ReportError(ErrorCode::IndicatorInfo);
@@ -101,11 +101,11 @@ HResult Tessera::get_BackgroundInfo(XString& value) { return give(parts_.setting
 HResult Tessera::put_BackgroundInfo(const XString& value) {
   if (!changes(parts_.settings.BackgroundInfo, value)) return S_OK;
   BackgroundRecord background = parts_.config.background;
-  const std::uint64_t refreshes = parts_.refreshes;
+  const std::uint64_t structure = parts_.structure;
   std::int32_t border = parts_.config.borderStyle;
   const BackgroundInfoResult result = parseBackgroundInfo(info_, value, background, border);
   if (parts_.settings.BackgroundInfo != value) return S_OK;  // a listener has set another one
-  if (parts_.refreshes != refreshes) recompileKept(background, parts_.expressions);
+  if (parts_.structure != structure) recompileKept(background, parts_.expressions);
   parts_.config.background = std::move(background);
   parts_.config.borderStyle = border;
   if (result.borderNamed && parts_.window) {
@@ -238,11 +238,11 @@ HResult Tessera::put_ViewHeader(VariantBool value) {
 void Tessera::refillPage() {
   if (!parts_.window) return;
   PageView& page = parts_.page;
-  RowNode* const focusRow = parts_.focus.FocusRow;
+  const Row focusRow = parts_.focus.FocusRow;
   const bool shown = focusRow && page.VisibleIndex(focusRow) >= 0;
   parts_.updateBars(bar_bit::vertical);
   const std::int32_t capacity = parts_.frame().rowCapacity();
-  if (RowNode* top = page.VisibleAt(0)) page.RefillFrom(parts_.rows, capacity, top);
+  if (const Row top = page.VisibleAt(0)) page.RefillFrom(parts_.rows, capacity, top);
   if (shown) page.EnsureRowVisible(parts_.rows, capacity, focusRow);
   Repaint(nullptr);
 }

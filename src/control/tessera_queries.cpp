@@ -61,9 +61,9 @@ HResult Tessera::TrackPopupMenu(std::int32_t x, std::int32_t y) {
 HResult Tessera::get_RowPosition(std::int32_t& row) {
   const FocusModel& focus = parts_.focus;
   if (focus.CellMode) {
-    row = focus.FocusRow ? focus.FocusRow->row : -1;
+    row = focus.FocusRow ? focus.FocusRow.number : -1;
   } else if (!focus.SelectedRows.empty()) {
-    row = focus.SelectedRows.front()->row;
+    row = focus.SelectedRows.front().number;
   }
   return S_OK;
 }
@@ -87,11 +87,10 @@ HResult Tessera::put_ColumnPosition(const XString& colid) {
 HResult Tessera::get_SelectedRows(XString& rows) {
   std::vector<std::int32_t> numbers;
   if (!parts_.focus.CellMode) {
-    for (const RowNode* node : parts_.focus.SelectedRows) numbers.push_back(node->row);
+    numbers = rowNumbers(parts_.focus.SelectedRows);
   } else if (parts_.focus.FocusRow) {
-    numbers.push_back(parts_.focus.FocusRow->row);
+    numbers.push_back(parts_.focus.FocusRow.number);
   }
-  std::sort(numbers.begin(), numbers.end());
   rows.clear();
   XString number;
   for (std::int32_t row : numbers) {

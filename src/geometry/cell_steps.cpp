@@ -57,7 +57,7 @@ std::optional<Cell> CellSteps::left(const Cell& from, bool wrap) const {
   if (ColumnPosition next = bestColumn(columns_, counts, endsFurtherRight))
     return Cell{from.row, next, from.line};
   if (!wrap) return std::nullopt;
-  RowNode* row = from.row;
+  Row row = from.row;
   std::int32_t line = from.line;
   for (std::int32_t tries = 0; tries < lineCount(); ++tries) {
     if (--line < 0) {
@@ -78,7 +78,7 @@ std::optional<Cell> CellSteps::right(const Cell& from, bool wrap) const {
   if (ColumnPosition next = bestColumn(columns_, counts, startsFurtherLeft))
     return Cell{from.row, next, from.line};
   if (!wrap) return std::nullopt;
-  RowNode* row = from.row;
+  Row row = from.row;
   std::int32_t line = from.line;
   for (std::int32_t tries = 0; tries < lineCount(); ++tries) {
     if (++line >= lineCount()) {
@@ -134,7 +134,7 @@ CellSteps::VerticalStep CellSteps::up(const Cell& from) const {
   const Rect& view = viewOf(from.column);
   const std::int32_t line = lineWithCells(metrics_.lineAt(view.top) - 1, -1);
   if (line >= 0) return below(from, from.row, line);
-  RowNode* row = rows_.PreviousRow(from.row);
+  Row row = rows_.PreviousRow(from.row);
   if (!row) return {Vertical::NoRow, {}};
   const bool whole = view.height() >= metrics_.RowHeight;
   return below(from, row, whole ? from.line : lineWithCells(lineCount() - 1, -1));
@@ -146,13 +146,13 @@ CellSteps::VerticalStep CellSteps::down(const Cell& from) const {
   while (line < lineCount() && metrics_.LineTops[static_cast<std::size_t>(line)] < view.bottom) ++line;
   line = lineWithCells(line, 1);
   if (line < lineCount()) return below(from, from.row, line);
-  RowNode* row = rows_.NextRow(from.row);
+  Row row = rows_.NextRow(from.row);
   if (!row) return {Vertical::NoRow, {}};
   const bool whole = view.height() >= metrics_.RowHeight;
   return below(from, row, whole ? from.line : lineWithCells(0, 1));
 }
 
-CellSteps::VerticalStep CellSteps::below(const Cell& from, RowNode* row, std::int32_t line) const {
+CellSteps::VerticalStep CellSteps::below(const Cell& from, Row row, std::int32_t line) const {
   const bool fixed = from.column->value().header.fix;
   const std::int32_t x = viewOf(from.column).left;
   const ColumnPosition found = firstColumn(columns_, [&](const ColumnRecord& column) {

@@ -12,7 +12,7 @@ namespace tessera {
 
 // `line` is an index into GridMetrics::LineTops: a row template may have several lines.
 struct Cell {
-  RowNode* row = nullptr;
+  Row row;
   ColumnPosition column = nullptr;
   std::int32_t line = 0;
 };
@@ -21,7 +21,7 @@ struct Cell {
 // has a row and a column.
 class CellSteps {
  public:
-  CellSteps(ColumnList& columns, const GridMetrics& metrics, RowTree& rows)
+  CellSteps(ColumnList& columns, const GridMetrics& metrics, const RowTree& rows)
       : columns_(columns), metrics_(metrics), rows_(rows) {}
 
   // At the end of a line the step goes on in the next line, or in the row next to it, unless `wrap` is off.
@@ -58,11 +58,11 @@ class CellSteps {
   bool lineHasFixed(std::int32_t line) const;
   ColumnPosition rightmost(std::int32_t line) const;
   ColumnPosition leftmost(std::int32_t line) const;
-  VerticalStep below(const Cell& from, RowNode* row, std::int32_t line) const;
+  VerticalStep below(const Cell& from, Row row, std::int32_t line) const;
 
   ColumnList& columns_;
   const GridMetrics& metrics_;
-  RowTree& rows_;
+  const RowTree& rows_;
 };
 
 }  // namespace tessera

@@ -5,8 +5,7 @@
 #include <cstdint>
 
 #include "config/column_record.h"
-#include "geometry/row_list.h"
-#include "rows/row_node.h"
+#include "rows/row_list.h"
 
 namespace tessera {
 
@@ -15,7 +14,8 @@ enum class FocusState : std::int32_t { Outside = 1, Grid = 2, Editor = 3, List =
 struct FocusModel {
   bool CellMode = true;                    // one cell has the focus; false: whole rows are selected
   std::int32_t FocusLeft = 0;              // left edge of the focus cell's view
-  RowNode* FocusRow = nullptr;             // row of the focus cell
+  std::int32_t CurrentLine = 0;            // index of the focus cell's line in GridMetrics::LineTops
+  Row FocusRow;                            // row of the focus cell
   ColumnPosition FocusColumn = nullptr;    // column of the focus cell; null in row mode
   XString FocusColumnName;                 // dataset column to find the focus column again by
   RowList SelectedRows;                    // row mode; the first is the row of the last selection step
@@ -23,7 +23,7 @@ struct FocusModel {
 
   // Every row and column reference goes; modes and the name stay.
   void forget() {
-    FocusRow = nullptr;
+    FocusRow = noRow;
     FocusColumn = nullptr;
     SelectedRows.clear();
   }
@@ -31,8 +31,13 @@ struct FocusModel {
   void followColumn() {
     if (FocusColumn) FocusLeft = FocusColumn->value().view.rect.left;
   }
-  // `node` becomes the head of SelectedRows and stands there once.
-  void putFirst(RowNode* node) { SelectedRows.putFirst(node); }
+  // The row that a step starts from: the focus row, in row mode the head of the selected rows.
+  Row currentRow() const { return CellMode ? FocusRow : SelectedRows.front(); }
+  // Focus and selection name the same rows as before, as far as these are left.
+  void renumber(const RowsChanged& change) {
+    if (FocusRow) FocusRow = change(FocusRow);
+    SelectedRows.renumber(change);
+  }
 };
 
 }  // namespace tessera

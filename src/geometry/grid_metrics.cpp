@@ -41,7 +41,6 @@ void GridMetrics::buildLineTops(const ColumnList& columns) {
   for (const ColumnRecord& column : columns) LineTops.push_back(column.view.rect.top);
   std::sort(LineTops.begin(), LineTops.end());
   LineTops.erase(std::unique(LineTops.begin(), LineTops.end()), LineTops.end());
-  CurrentLine = 0;
 }
 
 std::int32_t GridMetrics::lineAt(std::int32_t top) const {

@@ -15,7 +15,6 @@ struct GridMetrics {
   std::int32_t RowHeight = -1;         // of one row template; -65536 when no column has its view on
   std::int32_t HeaderHeight = 0;       // of the header band
   std::vector<std::int32_t> LineTops;  // distinct view tops of all columns, ascending
-  std::int32_t CurrentLine = 0;        // index of the focus cell's line in LineTops
   bool AnyFixed = false;               // some column is fixed
   std::int32_t indicatorShift = 0;     // how far the columns stand moved right for the indicator
 

@@ -55,9 +55,8 @@ Hit hitIndicator(const PageView& page, const RowPlace& place) {
     case Band::Row:
       break;
   }
-  RowNode* node = page.VisibleAt(place.index);
-  if (!node) return {};
-  return {Region::Indicator, node->row, nullptr, node};
+  const Row row = page.VisibleAt(place.index);
+  return row ? Hit{Region::Indicator, row.number} : Hit();
 }
 
 }  // namespace
@@ -87,9 +86,9 @@ Hit hitTest(const GridFrame& frame, ColumnList& columns, const PageView& page, c
   if (place.band == Band::Summary) {
     hit.region = Region::SummaryBand;
   } else {
-    hit.node = page.VisibleAt(place.index);
-    if (!hit.node) return {};
-    hit.row = hit.node->row;
+    const Row row = page.VisibleAt(place.index);
+    if (!row) return {};
+    hit.row = row.number;
     hit.region = link.level(hit.row) > 0 ? Region::SummaryRow : Region::Row;
   }
   hit.column = firstHolding(columns, frame, x, place.yInside, [](const ColumnRecord& column) {

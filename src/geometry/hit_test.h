@@ -33,7 +33,9 @@ struct Hit {
   Region region = Region::Nothing;
   std::int32_t row = hit_row::none;  // dataset row, or one of hit_row
   ColumnPosition column = nullptr;
-  RowNode* node = nullptr;
+
+  // noRow where no row of the dataset lies.
+  Row dataRow() const { return row > 0 ? Row{row} : noRow; }
 };
 
 // Where columns overlap, the first in the list wins.

@@ -6,11 +6,11 @@ namespace tessera {
 
 void PageLoader::LoadVisibleRows(bool keepColumn) {
   page.clear();
-  focus.FocusRow = nullptr;
+  focus.FocusRow = noRow;
   focus.SelectedRows.clear();
   if (!link.dataSet() || link.rowCount() < 1 || columns.empty()) return;
   const std::int32_t current = link.currentRow();
-  RowNode* start = rows.find(current == 0 ? 1 : current);
+  const Row start = rows.find(current == 0 ? 1 : current);
   if (!start) return;
   page.fillAround(rows, frame.rowCapacity(), start);
   if (!focus.CellMode) {
@@ -26,7 +26,7 @@ void PageLoader::takeColumn(bool keepColumn) {
   ColumnPosition column = nullptr;
   if (keepColumn || !focus.FocusColumnName.empty()) column = namedColumn();
   if (!column) {
-    metrics.CurrentLine = 0;
+    focus.CurrentLine = 0;
     column = leftmostOfFirstLine();
   }
   if (column) focusOn(column);
@@ -38,15 +38,15 @@ void PageLoader::rebuildSelectedRows() {
   for (std::int32_t before = 0; before < count; ++before) {
     const std::int32_t row = before + 1;
     if (!link.rowSelected(row)) continue;
-    if (RowNode* node = rows.find(row)) focus.SelectedRows.push_back(node);
+    if (const Row found = rows.find(row)) focus.SelectedRows.append(found);
   }
-  if (RowNode* current = rows.find(link.currentRow())) focus.putFirst(current);
+  if (const Row current = rows.find(link.currentRow())) focus.SelectedRows.putFirst(current);
 }
 
 void PageLoader::focusOn(ColumnPosition column) {
   focus.FocusColumn = column;
   focus.followColumn();
-  metrics.CurrentLine = metrics.lineAt(column->value().view.rect.top);
+  focus.CurrentLine = metrics.lineAt(column->value().view.rect.top);
   ColumnScroll{columns, page, focus, frame}.EnsureColumnVisible(column->value());
   page.EnsureRowVisible(rows, frame.rowCapacity(), focus.FocusRow);
 }

@@ -11,7 +11,7 @@ struct PageLoader {
   ColumnList& columns;
   GridMetrics& metrics;
   PageView& page;
-  RowTree& rows;
+  const RowTree& rows;
   FocusModel& focus;
   DataLink& link;
   const GridFrame& frame;

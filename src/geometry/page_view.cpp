@@ -12,28 +12,28 @@ std::size_t places(std::int32_t capacity, std::int32_t more) {
 
 }  // namespace
 
-std::int32_t PageView::VisibleIndex(const RowNode* node) const {
-  const auto found = std::find(VisibleRows.begin(), VisibleRows.end(), node);
+std::int32_t PageView::VisibleIndex(Row row) const {
+  const auto found = std::find(VisibleRows.begin(), VisibleRows.end(), row);
   return found == VisibleRows.end() ? -1 : static_cast<std::int32_t>(found - VisibleRows.begin());
 }
 
-RowNode* PageView::VisibleAt(std::int32_t index) const {
+Row PageView::VisibleAt(std::int32_t index) const {
   const auto place = static_cast<std::size_t>(index);
-  return index >= 0 && place < VisibleRows.size() ? VisibleRows[place] : nullptr;
+  return index >= 0 && place < VisibleRows.size() ? VisibleRows[place] : noRow;
 }
 
-// `node` and the rows after it, until the list holds `size` of them.
-void PageView::appendFrom(RowTree& rows, RowNode* node, std::size_t size) {
-  for (; node && VisibleRows.size() < size; node = rows.NextRow(node)) VisibleRows.push_back(node);
+// `row` and the rows after it, until the list holds `size` of them.
+void PageView::appendFrom(const RowTree& rows, Row row, std::size_t size) {
+  for (; row && VisibleRows.size() < size; row = rows.NextRow(row)) VisibleRows.push_back(row);
 }
 
 // Rows before the first one at the head, until the list holds `size` of them.
-void PageView::prependUpTo(RowTree& rows, std::size_t size) {
+void PageView::prependUpTo(const RowTree& rows, std::size_t size) {
   if (VisibleRows.empty() || VisibleRows.size() >= size) return;
   const std::size_t old = VisibleRows.size();
-  for (RowNode* node = rows.PreviousRow(VisibleRows.front()); node && VisibleRows.size() < size;
-       node = rows.PreviousRow(node)) {
-    VisibleRows.push_back(node);
+  for (Row row = rows.PreviousRow(VisibleRows.front()); row && VisibleRows.size() < size;
+       row = rows.PreviousRow(row)) {
+    VisibleRows.push_back(row);
   }
   // The new rows stand behind the old ones, nearest first; turning both round puts them in order.
   const auto added = VisibleRows.begin() + static_cast<std::ptrdiff_t>(old);
@@ -45,40 +45,40 @@ void PageView::updateTopOrdinal(const RowTree& rows) {
   if (!VisibleRows.empty()) TopOrdinal = rows.ordinal(VisibleRows.front());
 }
 
-void PageView::RefillFrom(RowTree& rows, std::int32_t capacity, RowNode* node) {
+void PageView::RefillFrom(const RowTree& rows, std::int32_t capacity, Row row) {
   VisibleRows.clear();
-  appendFrom(rows, node, places(capacity, 1));
+  appendFrom(rows, row, places(capacity, 1));
   prependUpTo(rows, places(capacity, 0));
   updateTopOrdinal(rows);
 }
 
-void PageView::fillAround(RowTree& rows, std::int32_t capacity, RowNode* node) {
-  VisibleRows.assign(1, node);
+void PageView::fillAround(const RowTree& rows, std::int32_t capacity, Row row) {
+  VisibleRows.assign(1, row);
   prependUpTo(rows, places(capacity, 0));
-  appendFrom(rows, rows.NextRow(node), places(capacity, 1));
+  appendFrom(rows, rows.NextRow(row), places(capacity, 1));
   updateTopOrdinal(rows);
 }
 
-void PageView::EnsureRowVisible(RowTree& rows, std::int32_t capacity, RowNode* node) {
-  if (!node) return;
-  const std::int32_t index = VisibleIndex(node);
+void PageView::EnsureRowVisible(const RowTree& rows, std::int32_t capacity, Row row) {
+  if (!row) return;
+  const std::int32_t index = VisibleIndex(row);
   if (index >= 0 && static_cast<std::size_t>(index) + 1 < VisibleRows.size()) return;
-  const bool above = !VisibleRows.empty() && rows.isBefore(node, VisibleRows.front());
+  const bool above = !VisibleRows.empty() && rows.isBefore(row, VisibleRows.front());
   VisibleRows.clear();
   if (above) {
-    appendFrom(rows, node, places(capacity, 1));
+    appendFrom(rows, row, places(capacity, 1));
   } else {
-    appendFrom(rows, node, 2);
+    appendFrom(rows, row, 2);
     prependUpTo(rows, VisibleRows.size() + places(capacity, -1));
   }
   updateTopOrdinal(rows);
 }
 
-void PageView::bringCurrent(RowTree& rows, std::int32_t capacity, RowNode* node) {
-  if (VisibleIndex(node) >= 0) return;
+void PageView::bringCurrent(const RowTree& rows, std::int32_t capacity, Row row) {
+  if (VisibleIndex(row) >= 0) return;
   const std::size_t size = places(capacity, 1);
-  if (RowNode* top = VisibleAt(0)) {
-    const std::int64_t steps = static_cast<std::int64_t>(rows.ordinal(node)) - rows.ordinal(top);
+  if (const Row top = VisibleAt(0)) {
+    const std::int64_t steps = static_cast<std::int64_t>(rows.ordinal(row)) - rows.ordinal(top);
     if (steps >= 0 && steps <= capacity - 1) {
       VisibleRows.clear();
       appendFrom(rows, top, size);
@@ -86,7 +86,7 @@ void PageView::bringCurrent(RowTree& rows, std::int32_t capacity, RowNode* node)
     }
   }
   VisibleRows.clear();
-  appendFrom(rows, node, size - size / 2);
+  appendFrom(rows, row, size - size / 2);
   prependUpTo(rows, size);
   appendFrom(rows, rows.NextRow(VisibleRows.back()), size);
   updateTopOrdinal(rows);
@@ -94,7 +94,7 @@ void PageView::bringCurrent(RowTree& rows, std::int32_t capacity, RowNode* node)
 
 // Each step drops the first row and appends the next one; when the rows have run out one more drop stands, so
 // that the last row shows wholly. Written as one jump: a thumb may move by millions of rows.
-bool PageView::RowsDown(RowTree& rows, std::int32_t capacity, std::int32_t count) {
+bool PageView::RowsDown(const RowTree& rows, std::int32_t capacity, std::int32_t count) {
   if (VisibleRows.empty() || count < 1) return false;
   const std::int32_t below = std::max(0, rows.displayCount() - rows.ordinal(VisibleRows.back()));
   std::size_t size = VisibleRows.size();
@@ -108,7 +108,7 @@ bool PageView::RowsDown(RowTree& rows, std::int32_t capacity, std::int32_t count
 }
 
 // Each step puts the row before at the head and drops the last one of a page that is more than full.
-bool PageView::RowsUp(RowTree& rows, std::int32_t capacity, std::int32_t count) {
+bool PageView::RowsUp(const RowTree& rows, std::int32_t capacity, std::int32_t count) {
   if (VisibleRows.empty() || count < 1) return false;
   const std::int32_t steps = std::min(count, TopOrdinal - 1);
   if (steps < 1) return false;
@@ -118,7 +118,7 @@ bool PageView::RowsUp(RowTree& rows, std::int32_t capacity, std::int32_t count) 
   return true;
 }
 
-void PageView::jumpTo(RowTree& rows, std::int32_t topOrdinal, std::size_t size) {
+void PageView::jumpTo(const RowTree& rows, std::int32_t topOrdinal, std::size_t size) {
   VisibleRows.clear();
   TopOrdinal = topOrdinal;
   appendFrom(rows, rows.nth(topOrdinal), size);

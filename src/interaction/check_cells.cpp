@@ -58,9 +58,9 @@ void setRadio(GridParts& parts, const GridServices& services, const ColumnRecord
   const std::int32_t index = parts.link.columnIndex(column.refColumnId);
   const std::int32_t count = parts.link.rowCount();
   const XValue unset = XValue::ofInt(0);
-  for (std::int32_t other = 1; other <= count && watch.holdsRows(); ++other)
+  for (std::int32_t other = 1; other <= count && watch.holds(); ++other)
     dataSet->SetValue(other, index, unset);
-  if (watch.holdsRows()) dataSet->SetValue(row, index, radioSetValue(value));
+  if (watch.holds()) dataSet->SetValue(row, index, radioSetValue(value));
 }
 
 }  // namespace tessera

@@ -50,12 +50,12 @@ bool DropListController::canOpen() const {
     return false;
   if (!focus.CellMode || !focus.FocusRow || !focus.FocusColumn) return false;
   if (kindOf(focus.FocusColumn->value()).editor != CellEditor::List) return false;
-  return parts_.link.level(focus.FocusRow->row) <= 0;
+  return parts_.link.level(focus.FocusRow.number) <= 0;
 }
 
 bool DropListController::open() {
   if (!canOpen()) return false;
-  const std::int32_t row = parts_.focus.FocusRow->row;
+  const std::int32_t row = parts_.focus.FocusRow.number;
   const ColumnPosition position = parts_.focus.FocusColumn;
   ColumnRecord& column = position->value();
   parts_.eval.ExprRow = row;
@@ -64,7 +64,7 @@ bool DropListController::open() {
   Content content;
   if (!fill(column, row, content) || !watch.holds()) return false;
   showCell(column);
-  target_ = {column.id, row, position, services_.generation()};
+  target_ = {column.id, row, position, parts_.structure};
   show(column, std::move(content.items));
   if (!open_ || !parts_.editor.list) return false;
   parts_.editor.list->choose(content.chosen);
@@ -158,7 +158,7 @@ void DropListController::showCell(const ColumnRecord& column) {
 
 // Below the cell, or above it where the screen ends.
 Rect DropListController::placeFor(const ColumnRecord& column, std::int32_t itemCount) const {
-  const Rect cell = layoutOf(parts_, column, *parts_.focus.FocusRow).cell;
+  const Rect cell = layoutOf(parts_, column, parts_.focus.FocusRow).cell;
   const Point origin = parts_.window->clientOrigin();
   const std::int32_t left = addClamped(cell.left, origin.x);
   const std::int32_t shown = std::max(std::min(itemCount, column.child.showItemCount), 0);
@@ -176,7 +176,7 @@ bool DropListController::close(bool accept) {
   if (!open_ || parts_.editor.listClosing) return true;
   if (accept) {
     XString code;
-    const bool stands = services_.generation() == target_.generation;
+    const bool stands = parts_.structure == target_.structure;
     const bool chosen = stands && chosenCode(code);
     if (stands && !chosen && valueOfKind(target_.column->value().child.type) == CellValue::LookupCode)
       return false;
@@ -190,21 +190,13 @@ bool DropListController::close(bool accept) {
   return true;
 }
 
-void DropListController::rowInserted(std::int32_t row) {
-  if (open_ && row <= target_.row) ++target_.row;
-}
-
-void DropListController::rowDeleted(std::int32_t row) {
+void DropListController::renumber(const RowsChanged& change) {
   if (!open_) return;
-  if (row == target_.row) {
+  if (const Row row = change({target_.row})) {
+    target_.row = row.number;
+  } else {
     close(false);
-  } else if (row < target_.row) {
-    --target_.row;
   }
-}
-
-void DropListController::rowsCut(std::int32_t count) {
-  if (open_ && target_.row > count) close(false);
 }
 
 bool DropListController::chosenCode(XString& code) const {

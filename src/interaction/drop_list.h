@@ -22,11 +22,9 @@ class DropListController : public ListBoxOwner {
   void windowDestroyed();
 
   bool isOpen() const { return open_; }
-  // The data set has taken a row in or out: the choice is still for the row that the list was opened for.
-  // When that one is gone the list goes, too.
-  void rowInserted(std::int32_t row);
-  void rowDeleted(std::int32_t row);
-  void rowsCut(std::int32_t count);
+  // The data set has taken rows in or out: the choice is still for the row that the list was opened for. When
+  // that one is gone the list goes, too.
+  void renumber(const RowsChanged& change);
   // At the focus cell, when it has such a list and may be edited.
   bool open();
   // With `accept` the chosen item goes to the cell; false when there is none to choose: then the list stays
@@ -41,12 +39,12 @@ class DropListController : public ListBoxOwner {
   void listFocusLost() override;
 
  private:
-  // The cell that the list stands at; its column is good while the generation is the same.
+  // The cell that the list stands at; its column is good while the structure is the same.
   struct Target {
     XString colid;
     std::int32_t row = 0;
     ColumnPosition column = nullptr;
-    std::uint64_t generation = 0;
+    std::uint64_t structure = 0;
   };
   struct Content {
     std::vector<XString> items;

@@ -29,7 +29,7 @@ bool EditorController::act(CellAction action, const ColumnRecord& column, std::i
 
 bool EditorController::actByKey(CellAction CellKindRow::*action) {
   const ColumnRecord* const column = focusColumn();
-  return column && act(kindOf(*column).*action, *column, parts_.focus.FocusRow->row, checkedByKey);
+  return column && act(kindOf(*column).*action, *column, parts_.focus.FocusRow.number, checkedByKey);
 }
 
 // To ask whether a cell is editable may run the host: the cell is looked for anew.
@@ -51,9 +51,9 @@ void EditorController::escapeAction() {
 void EditorController::spaceAction() {
   FocusModel& focus = parts_.focus;
   if (!focus.CellMode || !focus.FocusRow || !focus.FocusColumn) return;
-  parts_.eval.ExprRow = focus.FocusRow->row;
+  parts_.eval.ExprRow = focus.FocusRow.number;
   if (!focus.FocusColumn->value().child.isEditable(parts_.eval)) return;
-  if (!actByKey(&CellKindRow::space)) toggleNode(*focus.FocusRow);
+  if (!actByKey(&CellKindRow::space)) toggleNode(focus.FocusRow);
 }
 
 // What reaches the grid while its box is open is meant for the box. A blank in a tree column has opened or
@@ -89,17 +89,17 @@ XString EditorController::editText() const {
   return editor.active && editor.box ? editor.box->text() : XString();
 }
 
-bool EditorController::activateCell(std::int32_t x, std::int32_t y, ColumnPosition position, RowNode* row) {
+bool EditorController::activateCell(std::int32_t x, std::int32_t y, ColumnPosition position, Row row) {
   if (!position || !row || !position->value().viewVisible) return false;
   const ColumnRecord& column = position->value();
-  parts_.eval.ExprRow = row->row;
-  if (!column.child.isEditable(parts_.eval) || parts_.link.level(row->row) > 0) return false;
+  parts_.eval.ExprRow = row.number;
+  if (!column.child.isEditable(parts_.eval) || parts_.link.level(row.number) > 0) return false;
   if (parts_.page.VisibleIndex(row) < 0) return false;
-  const CellLayout layout = layoutOf(parts_, column, *row);
+  const CellLayout layout = layoutOf(parts_, column, row);
   const FocusModel& focus = parts_.focus;
   const bool isFocus = focus.CellMode && focus.FocusRow == row && focus.FocusColumn == position;
   const bool meets = layout.mark.pressed.holds(x, y) || (isFocus && layout.button.pressed.holds(x, y));
-  return meets && act(kindOf(column).press, column, row->row, checkedByMouse);
+  return meets && act(kindOf(column).press, column, row.number, checkedByMouse);
 }
 
 }  // namespace tessera

@@ -50,8 +50,8 @@ ColumnRecord* EditorController::focusColumn() {
   const FocusModel& focus = parts_.focus;
   if (!parts_.window || !parts_.link.dataSet()) return nullptr;
   if (!focus.CellMode || !focus.FocusRow || !focus.FocusColumn) return nullptr;
-  if (parts_.link.level(focus.FocusRow->row) > 0) return nullptr;
-  parts_.eval.ExprRow = focus.FocusRow->row;
+  if (parts_.link.level(focus.FocusRow.number) > 0) return nullptr;
+  parts_.eval.ExprRow = focus.FocusRow.number;
   return &focus.FocusColumn->value();
 }
 
@@ -70,14 +70,14 @@ bool EditorController::openEditor(bool withPopup) {
   const ColumnRecord* const column = focusColumn();
   if (!column || !parts_.settings.Enable || parts_.editor.active) return false;
   if (kindOf(*column).editor != CellEditor::Box) return false;
-  const std::int32_t row = parts_.focus.FocusRow->row;
+  const std::int32_t row = parts_.focus.FocusRow.number;
   const XString colid = column->id;
   if (column->child.subType == EditKind::PopupFix) {
     return !withPopup || firePopup(colid, row, popupByEnter);
   }
   if (!parts_.editor.box) return false;
   const GridWatch watch(parts_, services_);
-  cell_ = {colid, column->refColumnId, row, parts_.focus.FocusColumn, services_.generation(), ++lastSerial_};
+  cell_ = {colid, column->refColumnId, row, parts_.focus.FocusColumn, parts_.structure, ++lastSerial_};
   fillBox(*column, row);
   parts_.editor.active = true;
   const std::uint64_t serial = cell_.serial;
@@ -219,29 +219,17 @@ void EditorController::saveLeftText(EditOutcome outcome) {
   dataSet->SetValue(left->row, parts_.link.columnIndex(left->refColumnId), XValue::ofText(left->text));
 }
 
-void EditorController::rowInserted(std::int32_t row) {
-  list_.rowInserted(row);
-  if (row <= cell_.row) ++cell_.row;
-  if (left_ && row <= left_->row) ++left_->row;
-}
-
-void EditorController::rowDeleted(std::int32_t row) {
-  list_.rowDeleted(row);
-  if (left_ && row == left_->row) left_.reset();
-  if (left_ && row < left_->row) --left_->row;
-  if (row == cell_.row) drop();
-  if (row < cell_.row) --cell_.row;
-}
-
-void EditorController::rowsCut(std::int32_t count) {
-  list_.rowsCut(count);
-  if (left_ && left_->row > count) left_.reset();
-  if (cell_.row > count) drop();
+void EditorController::renumber(const RowsChanged& change) {
+  list_.renumber(change);
+  if (left_) left_->row = change({left_->row}).number;
+  if (left_ && left_->row == 0) left_.reset();
+  const Row row = change({cell_.row});
+  if (!row) return drop();
+  cell_.row = row.number;
 }
 
 bool EditorController::cellStands() const {
-  return parts_.link.dataSet() && services_.generation() == cell_.generation &&
-         cell_.row <= parts_.link.rowCount();
+  return parts_.link.dataSet() && parts_.structure == cell_.structure && cell_.row <= parts_.link.rowCount();
 }
 
 // The data set and the listener of OnPopup may end this edit, and may begin another one.

@@ -29,8 +29,8 @@ class EditorController : public EditBoxOwner {
   void setKeyTarget(std::function<void(std::int32_t key)> target) { keyTarget_ = std::move(target); }
 
   // Who opens and closes the node of a row that is pressed or gets a blank. Nobody in a grid without a tree.
-  void setNodeTarget(std::function<void(RowNode& row)> target) { nodeTarget_ = std::move(target); }
-  void toggleNode(RowNode& row) const {
+  void setNodeTarget(std::function<void(Row row)> target) { nodeTarget_ = std::move(target); }
+  void toggleNode(Row row) const {
     if (nodeTarget_) nodeTarget_(row);
   }
 
@@ -58,17 +58,14 @@ class EditorController : public EditBoxOwner {
   void abandon();
   // The same, but the row numbers hold no longer, or the data set goes.
   void forgetRows();
-  // The data set has taken a row in or out: what is open goes on under the row's new number, or ends with it.
-  void rowInserted(std::int32_t row);
-  void rowDeleted(std::int32_t row);
-  // Rows behind `count` are gone.
-  void rowsCut(std::int32_t count);
+  // The data set has taken rows in or out: what is open goes on under its row's new number, or ends with it.
+  void renumber(const RowsChanged& change);
 
   // An edit of the focus cell, whether it is editable or not. `withPopup`: a cell that has only a button
   // fires OnPopup instead. True when either happened.
   bool openEditor(bool withPopup);
   // A press of the left button on a cell: true when it met the cell's button or mark.
-  bool activateCell(std::int32_t x, std::int32_t y, ColumnPosition column, RowNode* row);
+  bool activateCell(std::int32_t x, std::int32_t y, ColumnPosition column, Row row);
 
   // Keys on the grid's window.
   void enterAction();
@@ -91,14 +88,14 @@ class EditorController : public EditBoxOwner {
   void editFocusLost(FocusTarget target) override;
 
  private:
-  // The cell that is edited; its column is good while the generation is the same. Each edit has a number of
+  // The cell that is edited; its column is good while the structure is the same. Each edit has a number of
   // its own: what an edit was asked or told must not end or change another one.
   struct EditedCell {
     XString colid;
     XString refColumnId;
     std::int32_t row = 0;
     ColumnPosition column = nullptr;
-    std::uint64_t generation = 0;
+    std::uint64_t structure = 0;
     std::uint64_t serial = 0;
   };
   // A text whose editor went in a rebuild while its OnExit was being asked.
@@ -144,7 +141,7 @@ class EditorController : public EditBoxOwner {
   GridServices& services_;
   DropListController list_;
   std::function<void(std::int32_t key)> keyTarget_;
-  std::function<void(RowNode& row)> nodeTarget_;
+  std::function<void(Row row)> nodeTarget_;
   EditedCell cell_;
   std::optional<LeftText> left_;
   std::uint64_t lastSerial_ = 0;

@@ -27,7 +27,7 @@ ColumnPosition visibleColumn(ColumnList& columns, const XString& id) {
 Cell FocusController::focusCell() const {
   const FocusModel& focus = parts_.focus;
   if (!focus.CellMode) return {};
-  return {focus.FocusRow, focus.FocusColumn, parts_.metrics.CurrentLine};
+  return {focus.FocusRow, focus.FocusColumn, parts_.focus.CurrentLine};
 }
 
 bool FocusController::ask(const XString& colid, std::int32_t row) {
@@ -41,9 +41,7 @@ void FocusController::fireChanged(const XString& colid, std::int32_t row) {
 void FocusController::applyImeMode() { tessera::applyImeMode(parts_); }
 
 void FocusController::syncCurrentRow() {
-  const FocusModel& focus = parts_.focus;
-  const RowNode* row = focus.CellMode ? focus.FocusRow : selection().head();
-  if (row) parts_.link.syncCurrentRow(row->row);
+  if (const Row row = parts_.focus.currentRow()) parts_.link.syncCurrentRow(row.number);
 }
 
 // Moving the columns moves the cell, wherever the scrolling itself thinks the focus is.
@@ -82,7 +80,7 @@ void FocusController::scrollPage(std::int32_t rows) {
   if (rows < 0) parts_.page.RowsUp(parts_.rows, capacity, -rows);
 }
 
-void FocusController::showRow(RowNode* row, bool onTop) {
+void FocusController::showRow(Row row, bool onTop) {
   const std::int32_t capacity = parts_.frame().rowCapacity();
   if (!onTop) return parts_.page.EnsureRowVisible(parts_.rows, capacity, row);
   if (parts_.page.VisibleAt(0) != row) parts_.page.RefillFrom(parts_.rows, capacity, row);
@@ -95,7 +93,7 @@ void FocusController::showColumn(ColumnPosition column) {
 }
 
 // The row of the focus cell changes its flag only when it changes.
-bool FocusController::markFocusRow(RowNode*& row) {
+bool FocusController::markFocusRow(Row row) {
   return parts_.focus.FocusRow == row || selection().markOnly(row);
 }
 
@@ -103,7 +101,7 @@ void FocusController::storeFocus(const Cell& cell) {
   FocusModel& focus = parts_.focus;
   focus.FocusRow = cell.row;
   focus.FocusColumn = cell.column;
-  parts_.metrics.CurrentLine = cell.line;
+  parts_.focus.CurrentLine = cell.line;
   followColumn();
 }
 
@@ -119,93 +117,85 @@ std::optional<MoveResult> FocusController::refusal(const XString& colid, std::in
   return whatStays();
 }
 
-MoveResult FocusController::moveTo(Cell target, const MoveStyle& style) {
+// `store` changes flags and focus and shows the target; false when the grid is another one meanwhile.
+template <class Store>
+MoveResult FocusController::move(const XString& colid, Row row, Store store) {
   const GridWatch watch(parts_, services_);
-  const std::int32_t number = target.row->row;
-  const XString id = target.column->value().id;
-  if (const auto refused = refusal(id, number)) return *refused;
-  target.row = parts_.rows.find(number);
-  if (!target.row || !parts_.focus.CellMode) return MoveResult::Gone;
-  scrollPage(style.scrollRows);
-  if (!markFocusRow(target.row)) return MoveResult::Gone;
-  storeFocus(target);
+  if (const auto refused = refusal(colid, row.number)) return *refused;
+  if (!store()) return MoveResult::Gone;
   syncCurrentRow();
   if (!watch.holds()) return MoveResult::Gone;
-  if (style.showCell) {
-    showColumn(target.column);
-    showRow(parts_.rows.find(number), style.onTop);
-  }
-  if (style.setInput) applyImeMode();
-  fireChanged(id, number);
+  fireChanged(colid, row.number);
   return MoveResult::Moved;
 }
 
-MoveResult FocusController::selectRow(RowNode* target, const MoveStyle& style) {
-  const GridWatch watch(parts_, services_);
-  const std::int32_t number = target->row;
-  if (const auto refused = refusal(noColumn, number)) return *refused;
-  target = parts_.rows.find(number);
-  if (!target || parts_.focus.CellMode) return MoveResult::Gone;
-  scrollPage(style.scrollRows);
-  if (!selection().selectOnly(target)) return MoveResult::Gone;
-  showRow(parts_.rows.find(number), style.onTop);
-  syncCurrentRow();
-  if (!watch.holds()) return MoveResult::Gone;
-  fireChanged(noColumn, number);
-  return MoveResult::Moved;
+MoveResult FocusController::moveTo(const Cell& target, const MoveStyle& style) {
+  return move(XString(target.column->value().id), target.row, [&] {
+    if (!parts_.focus.CellMode) return false;
+    scrollPage(style.scrollRows);
+    if (!markFocusRow(target.row)) return false;
+    storeFocus(target);
+    if (style.showCell) {
+      showColumn(target.column);
+      showRow(target.row, style.onTop);
+    }
+    if (style.setInput) applyImeMode();
+    return true;
+  });
+}
+
+MoveResult FocusController::selectRow(Row target, const MoveStyle& style) {
+  return move(noColumn, target, [&] {
+    if (parts_.focus.CellMode) return false;
+    scrollPage(style.scrollRows);
+    if (!selection().selectOnly(target)) return false;
+    showRow(target, style.onTop);
+    return true;
+  });
+}
+
+// The focus column, which need not be there, stays.
+MoveResult FocusController::focusRow(Row target) {
+  return move(XString(idOf(parts_.focus.FocusColumn)), target, [&] {
+    if (!parts_.focus.CellMode || !markFocusRow(target)) return false;
+    parts_.focus.FocusRow = target;
+    showRow(target, false);
+    return true;
+  });
+}
+
+// In the mode that goes with it: cell mode with a column, row mode without.
+MoveResult FocusController::takeColumn(ColumnPosition column, Row row) {
+  return move(XString(idOf(column)), row, [&] {
+    if (!selection().markOnly(row)) return false;
+    parts_.focus.SelectedRows.clear();
+    parts_.focus.FocusRow = row;
+    if (column) {
+      toCellMode(column);
+    } else {
+      toRowMode();
+    }
+    return true;
+  });
 }
 
 void FocusController::setRowPosition(std::int32_t row) {
   if (!parts_.link.dataSet() || row < 1 || row > parts_.link.rowCount()) return;
-  RowNode* const target = parts_.rows.find(row);
-  if (!target) return;
-  const FocusModel& focus = parts_.focus;
-  const RowNode* present = focus.CellMode ? focus.FocusRow : selection().head();
-  if (!present || present == target) return;
-  const MoveResult result = focus.CellMode ? focusRow(target) : selectRow(target);
+  const Row target = parts_.rows.find(row);
+  const Row present = parts_.focus.currentRow();
+  if (!target || !present || present == target) return;
+  const MoveResult result = parts_.focus.CellMode ? focusRow(target) : selectRow(target);
   if (result == MoveResult::Moved) services_.Repaint(nullptr);
-}
-
-// The focus column, which need not be there, stays.
-MoveResult FocusController::focusRow(RowNode* target) {
-  const GridWatch watch(parts_, services_);
-  const std::int32_t number = target->row;
-  const XString id = idOf(parts_.focus.FocusColumn);
-  if (const auto refused = refusal(id, number)) return *refused;
-  target = parts_.rows.find(number);
-  if (!target || !parts_.focus.CellMode || !markFocusRow(target)) return MoveResult::Gone;
-  parts_.focus.FocusRow = target;
-  showRow(target, false);
-  syncCurrentRow();
-  if (!watch.holds()) return MoveResult::Gone;
-  fireChanged(id, number);
-  return MoveResult::Moved;
 }
 
 // The empty id leads to row mode.
 void FocusController::setColumnPosition(const XString& id) {
   if (!parts_.link.dataSet()) return;
   const FocusModel& focus = parts_.focus;
-  const RowNode* row = focus.CellMode ? focus.FocusRow : selection().head();
+  const Row row = focus.currentRow();
   const ColumnPosition column = id.empty() ? nullptr : visibleColumn(parts_.config.columns, id);
   if (!row || (id.empty() ? !focus.CellMode : !column)) return;
-  takeRow(column, row->row);
-}
-
-void FocusController::takeRow(ColumnPosition column, std::int32_t row) {
-  const XString id = idOf(column);
-  if (refusal(id, row)) return;
-  RowNode* node = parts_.rows.find(row);
-  if (!node || !selection().markOnly(node)) return;
-  parts_.focus.SelectedRows.clear();
-  parts_.focus.FocusRow = node;
-  if (column) {
-    toCellMode(column);
-  } else {
-    toRowMode();
-  }
-  fireChanged(id, row);
-  services_.Repaint(nullptr);
+  if (takeColumn(column, row) == MoveResult::Moved) services_.Repaint(nullptr);
 }
 
 void FocusController::toCellMode(ColumnPosition column) {
@@ -220,21 +210,22 @@ void FocusController::toRowMode() {
   FocusModel& focus = parts_.focus;
   focus.CellMode = false;
   focus.FocusColumn = nullptr;
-  focus.SelectedRows.push_back(focus.FocusRow);
+  focus.SelectedRows.assign(focus.FocusRow);
 }
 
 // In the indicator, a row that sums others counts as its own region.
 void FocusController::pressRow(const Hit& hit, Point at, Modifiers modifiers) {
-  if (!hit.node) return;
+  const Row row = hit.dataRow();
+  if (!row) return;
   if (hit.region == Region::Indicator || at.x <= parts_.frame().indicatorWidth) {
-    pressIndicator(hit.node, modifiers);
+    pressIndicator(row, modifiers);
   } else {
-    pressCell(hit.node, hit.column);
+    pressCell(row, hit.column);
   }
 }
 
 // A selection of several rows that is pressed may be about to be dragged.
-void FocusController::pressIndicator(RowNode* row, Modifiers modifiers) {
+void FocusController::pressIndicator(Row row, Modifiers modifiers) {
   const GridWatch watch(parts_, services_);
   RowSelection rows = selection();
   const bool inRowMode = !parts_.focus.CellMode;
@@ -250,14 +241,14 @@ void FocusController::pressIndicator(RowNode* row, Modifiers modifiers) {
 }
 
 // A press between the cells of a row keeps the column; coming from row mode there is none to keep.
-void FocusController::pressCell(RowNode* row, ColumnPosition column) {
+void FocusController::pressCell(Row row, ColumnPosition column) {
   const GridWatch watch(parts_, services_);
   FocusModel& focus = parts_.focus;
   if (!selection().markOnly(row)) return;
   focus.SelectedRows.clear();
   focus.CellMode = true;
   const CellSteps steps(parts_.config.columns, parts_.metrics, parts_.rows);
-  Cell cell{row, focus.FocusColumn, parts_.metrics.CurrentLine};
+  Cell cell{row, focus.FocusColumn, parts_.focus.CurrentLine};
   if (!column && !cell.column) column = steps.home(0);
   if (column) cell = {row, column, parts_.metrics.lineAt(column->value().view.rect.top)};
   storeFocus(cell);

@@ -58,9 +58,9 @@ class FocusController {
   // The focus cell; without row or column in row mode and while there is none.
   Cell focusCell() const;
   // The callers repaint.
-  MoveResult moveTo(Cell target, const MoveStyle& style = {});
+  MoveResult moveTo(const Cell& target, const MoveStyle& style = {});
   // Row mode: `target` becomes the only selected row.
-  MoveResult selectRow(RowNode* target, const MoveStyle& style = {});
+  MoveResult selectRow(Row target, const MoveStyle& style = {});
   // Scrolls sideways as far as it goes; FocusLeft follows. The result is how far the columns went to the
   // right, in pixels.
   std::int32_t scrollFullyLeft();
@@ -72,18 +72,20 @@ class FocusController {
   bool ask(const XString& colid, std::int32_t row);
   void fireChanged(const XString& colid, std::int32_t row);
   void scrollPage(std::int32_t rows);
-  bool markFocusRow(RowNode*& row);
+  bool markFocusRow(Row row);
   void storeFocus(const Cell& cell);
-  void showRow(RowNode* row, bool onTop);
+  void showRow(Row row, bool onTop);
   void showColumn(ColumnPosition column);
   void followColumn();
 
-  MoveResult focusRow(RowNode* target);
+  template <class Store>
+  MoveResult move(const XString& colid, Row row, Store store);
+  MoveResult focusRow(Row target);
   void toCellMode(ColumnPosition column);
   void toRowMode();
-  void takeRow(ColumnPosition column, std::int32_t row);
-  void pressIndicator(RowNode* row, Modifiers modifiers);
-  void pressCell(RowNode* row, ColumnPosition column);
+  MoveResult takeColumn(ColumnPosition column, Row row);
+  void pressIndicator(Row row, Modifiers modifiers);
+  void pressCell(Row row, ColumnPosition column);
   RowSelection selection() const { return {parts_, services_}; }
 
   GridParts& parts_;

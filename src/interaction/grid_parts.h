@@ -13,6 +13,7 @@
 #include "geometry/page_view.h"
 #include "geometry/scroll_bars.h"
 #include "interaction/editor_model.h"
+#include "interaction/grid_token.h"
 #include "interaction/mouse_model.h"
 #include "platform/window.h"
 #include "rows/row_tree.h"
@@ -34,14 +35,14 @@ struct GridParts {
   MouseModel mouse;
   ExpressionEngine expressions;
   EvalState eval;
-  std::uint64_t generation = 0;  // raised whenever columns or rows are made anew
-  std::uint64_t numbering = 0;   // raised whenever rows got other numbers
-  std::uint64_t refreshes = 0;   // the share of Refresh in that
-  std::int32_t drawHolds = 0;    // nothing is painted while there are any
-  std::int32_t readings = 0;     // columns and rows stay as they are while there are any
-  bool refreshDue = false;       // something was to be made anew meanwhile
-  Window* window = nullptr;      // between the window's creation and its destruction
+  std::uint64_t structure = 0;  // as GridToken says
+  std::uint64_t numbering = 0;
+  std::int32_t drawHolds = 0;  // nothing is painted while there are any
+  std::int32_t readings = 0;   // columns and rows stay as they are while there are any
+  bool refreshDue = false;     // something was to be made anew meanwhile
+  Window* window = nullptr;    // between the window's creation and its destruction
 
+  GridToken token() const { return {structure, numbering, window, link.binding()}; }
   GridFrame frame() const {
     Size client;
     if (window) client = window->clientSize();

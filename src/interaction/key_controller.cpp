@@ -1,5 +1,7 @@
 #include "interaction/key_controller.h"
 
+#include <algorithm>
+
 #include "interaction/key_events.h"
 
 namespace tessera {
@@ -53,18 +55,14 @@ bool KeyController::dispatch(std::int32_t key, Modifiers modifiers) {
   }
 }
 
-RowNode* KeyController::neighbour(RowNode* row, bool down) {
+Row KeyController::neighbour(Row row, bool down) {
   return down ? parts_.rows.NextRow(row) : parts_.rows.PreviousRow(row);
 }
 
 // As far as there are rows.
-RowNode* KeyController::awayFrom(RowNode* row, bool down, std::int32_t count) {
-  for (; count > 0; --count) {
-    RowNode* const next = neighbour(row, down);
-    if (!next) break;
-    row = next;
-  }
-  return row;
+Row KeyController::awayFrom(Row row, bool down, std::int32_t count) {
+  const std::int32_t ordinal = addClamped(parts_.rows.ordinal(row), down ? count : -count);
+  return parts_.rows.nth(std::clamp(ordinal, 1, parts_.rows.displayCount()));
 }
 
 bool KeyController::arrow(std::int32_t key) {
@@ -78,11 +76,11 @@ bool KeyController::arrow(std::int32_t key) {
 
 // Several selected rows at the end of the rows shrink to their first.
 bool KeyController::arrowOfRows(std::int32_t key) {
-  const std::vector<RowNode*>& selected = parts_.focus.SelectedRows;
+  const RowList& selected = parts_.focus.SelectedRows;
   if ((key != key::up && key != key::down) || selected.empty()) return false;
   const bool down = key == key::down;
-  RowNode* const head = selected.front();
-  RowNode* target = neighbour(head, down);
+  const Row head = selected.front();
+  Row target = neighbour(head, down);
   if (!target) {
     if (selected.size() == 1) {
       services_.fire(down ? EventId::OnLastDown : EventId::OnFirstUp, {});
@@ -90,7 +88,7 @@ bool KeyController::arrowOfRows(std::int32_t key) {
     }
     target = head;
   }
-  const std::vector<RowNode*>& page = parts_.page.VisibleRows;
+  const std::vector<Row>& page = parts_.page.VisibleRows;
   MoveStyle style;
   if (!page.empty() && (down ? target == page.back() : head == page.front()))
     style.scrollRows = down ? 1 : -1;
@@ -137,16 +135,16 @@ bool KeyController::page(std::int32_t key) {
   if (!parts_.focus.CellMode) return pageOfRows(down, rows);
   Cell target = focus_.focusCell();
   if (!target.row || !target.column) return false;
-  RowNode* const row = awayFrom(target.row, down, rows);
+  const Row row = awayFrom(target.row, down, rows);
   if (row == target.row) return false;
   target.row = row;
   return focus_.moveTo(target, {.scrollRows = down ? rows : -rows}) == MoveResult::Moved;
 }
 
 bool KeyController::pageOfRows(bool down, std::int32_t rows) {
-  const std::vector<RowNode*>& selected = parts_.focus.SelectedRows;
+  const RowList& selected = parts_.focus.SelectedRows;
   if (selected.empty()) return false;
-  RowNode* const target = awayFrom(selected.front(), down, rows);
+  const Row target = awayFrom(selected.front(), down, rows);
   if (target == selected.front() && selected.size() == 1) return false;
   return focus_.selectRow(target, {.scrollRows = down ? rows : -rows}) == MoveResult::Moved;
 }
@@ -157,8 +155,8 @@ bool KeyController::edge(std::int32_t key, bool control) {
   return control && edgeOfRows(atEnd ? parts_.rows.lastDisplayable() : parts_.rows.first());
 }
 
-bool KeyController::edgeOfRows(RowNode* target) {
-  const std::vector<RowNode*>& selected = parts_.focus.SelectedRows;
+bool KeyController::edgeOfRows(Row target) {
+  const RowList& selected = parts_.focus.SelectedRows;
   if (!target || (selected.size() == 1 && selected.front() == target)) return false;
   return focus_.selectRow(target, {.onTop = true}) == MoveResult::Moved;
 }

@@ -42,11 +42,11 @@ class KeyController {
   bool page(std::int32_t key);
   bool pageOfRows(bool down, std::int32_t rows);
   bool edge(std::int32_t key, bool control);
-  bool edgeOfRows(RowNode* target);
+  bool edgeOfRows(Row target);
   bool edgeOfCells(bool atEnd, bool control);
 
-  RowNode* neighbour(RowNode* row, bool down);
-  RowNode* awayFrom(RowNode* row, bool down, std::int32_t count);
+  Row neighbour(Row row, bool down);
+  Row awayFrom(Row row, bool down, std::int32_t count);
   CellSteps steps() { return {parts_.config.columns, parts_.metrics, parts_.rows}; }
 
   GridParts& parts_;

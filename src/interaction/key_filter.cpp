@@ -69,7 +69,7 @@ std::optional<Cell> KeyFilter::nextEditable(const Cell& start, bool back) {
     at = *next;
     const bool isStart = at.row == start.row && at.column == start.column;
     if (isStart || !kindOf(at.column->value()).takesTab) continue;
-    if (parts_.link.level(at.row->row) == 0) return at;
+    if (parts_.link.level(at.row.number) == 0) return at;
   }
 }
 
@@ -83,15 +83,11 @@ KeyRoute KeyFilter::copy() {
 KeyRoute KeyFilter::paste() {
   const FocusModel& focus = parts_.focus;
   if (focus.CellMode && editors_.active()) return KeyRoute::Window;
-  const RowNode* row = focus.FocusRow;
-  XString colid;
-  if (!focus.CellMode) {
-    row = focus.SelectedRows.empty() ? nullptr : focus.SelectedRows.front();
-  } else if (focus.FocusColumn) {
-    colid = focus.FocusColumn->value().id;
-  }
+  const Row row = focus.currentRow();
   if (!row) return KeyRoute::Done;
-  const std::array arguments = {XValue::ofText(colid), XValue::ofInt(row->row)};
+  const bool hasColumn = focus.CellMode && focus.FocusColumn;
+  const XString colid = hasColumn ? focus.FocusColumn->value().id : XString();
+  const std::array arguments = {XValue::ofText(colid), XValue::ofInt(row.number)};
   services_.fire(EventId::OnPaste, arguments);
   return KeyRoute::Done;
 }

@@ -24,13 +24,13 @@ bool hasMoved(Point from, Point to) {
 
 // Nothing is hit where the grid was made anew while it was asked.
 Hit MouseController::hitAt(Point at) const {
-  const std::uint64_t generation = services_.generation();
+  const GridWatch watch(parts_, services_);
   Hit hit;
   {
     const ReadingScope reading(parts_, services_);
     hit = hitTest(parts_.frame(), parts_.config.columns, parts_.page, parts_.link, at.x, at.y);
   }
-  return services_.generation() == generation ? hit : Hit();
+  return watch.holds() ? hit : Hit();
 }
 
 MouseController::Spot MouseController::spotAt(Point at) const {
@@ -38,12 +38,7 @@ MouseController::Spot MouseController::spotAt(Point at) const {
   return {hit, hit.column ? hit.column->value().id : XString(), at, GridWatch(parts_, services_)};
 }
 
-bool MouseController::renew(Spot& spot) const {
-  if (!parts_.window || !spot.watch.holds()) return false;
-  if (!spot.hit.node) return true;
-  spot.hit.node = parts_.rows.find(spot.hit.row);
-  return spot.hit.node != nullptr;
-}
+bool MouseController::stands(const Spot& spot) const { return parts_.window && spot.watch.holds(); }
 
 // A commit that lost its grid to the host has closed the editor all the same.
 bool MouseController::closeEditor() {
@@ -107,34 +102,34 @@ bool MouseController::pressHeader(const Spot& spot) {
 MouseController::PressResult MouseController::pressRows(Spot& spot) {
   constexpr PressResult over{.over = true};
   if ((parts_.settings.DragDrop & drag_drop::rows) && gestures_.tryDrag(spot.hit, spot.at)) return over;
-  if (!renew(spot)) return over;
+  if (!stands(spot)) return over;
   const bool changes = changesSelection(spot.hit);
-  if (changes && (focus_.refusal(spot.colid, spot.hit.row) || !renew(spot))) return over;
+  if (changes && (focus_.refusal(spot.colid, spot.hit.row) || !stands(spot))) return over;
   const bool onTreeBox = isOnTreeBox(spot);
-  const bool handled = editors_.activateCell(spot.at.x, spot.at.y, spot.hit.column, spot.hit.node);
-  if (!renew(spot)) return over;
+  const bool handled = editors_.activateCell(spot.at.x, spot.at.y, spot.hit.column, spot.hit.dataRow());
+  if (!stands(spot)) return over;
   focus_.pressRow(spot.hit, spot.at, parts_.window->modifiers());
-  if (onTreeBox && renew(spot)) editors_.toggleNode(*spot.hit.node);
+  if (onTreeBox && stands(spot)) editors_.toggleNode(spot.hit.dataRow());
   gestures_.clearBlock();
-  if (changes && renew(spot)) fireSelChanged(spot);
+  if (changes && stands(spot)) fireSelChanged(spot);
   return {.handled = handled, .repaint = true};
 }
 
 bool MouseController::isFocusCell(const Hit& hit) const {
   const FocusModel& focus = parts_.focus;
-  return focus.CellMode && hit.column && hit.column == focus.FocusColumn && hit.node == focus.FocusRow;
+  return focus.CellMode && hit.column && hit.column == focus.FocusColumn && hit.dataRow() == focus.FocusRow;
 }
 
 bool MouseController::changesSelection(const Hit& hit) const {
   const FocusModel& focus = parts_.focus;
   if (focus.CellMode) return !isRowRegion(hit.region) || !isFocusCell(hit);
-  const bool isSingle = focus.SelectedRows.size() == 1 && focus.SelectedRows.front() == hit.node;
+  const bool isSingle = focus.SelectedRows.size() == 1 && focus.SelectedRows.front() == hit.dataRow();
   return hit.region != Region::Indicator || !isSingle;
 }
 
 bool MouseController::isOnTreeBox(const Spot& spot) const {
-  if (!spot.hit.column || !spot.hit.node) return false;
-  const CellLayout layout = layoutOf(parts_, spot.hit.column->value(), *spot.hit.node);
+  if (!spot.hit.column || !spot.hit.dataRow()) return false;
+  const CellLayout layout = layoutOf(parts_, spot.hit.column->value(), spot.hit.dataRow());
   return layout.treeBox.pressed.holds(spot.at.x, spot.at.y);
 }
 

@@ -60,9 +60,8 @@ class MouseController {
 
   Hit hitAt(Point at) const;
   Spot spotAt(Point at) const;
-  // After the host ran: false when the column or the row of `spot` is gone. Rows may have been rebuilt, then
-  // the node is the one that has the row's number now.
-  bool renew(Spot& spot) const;
+  // After the host ran: false when the column or the row of `spot` may be gone.
+  bool stands(const Spot& spot) const;
 
   // False when the open editor stays.
   bool closeEditor();

@@ -4,18 +4,17 @@
 
 #include "cells/cell_layout.h"
 #include "interaction/grid_parts.h"
-#include "render/row_view_of.h"
 
 namespace tessera {
 
 // The cell of a row; one that is not on the page stands right above its first row.
-inline CellLayout layoutOf(GridParts& parts, const ColumnRecord& column, const RowNode& row) {
+inline CellLayout layoutOf(const GridParts& parts, const ColumnRecord& column, Row row) {
   const GridFrame frame = parts.frame();
   return layoutCell({.column = column,
                      .tree = parts.config.tree,
-                     .cell = frame.wholeCell(column, parts.page.VisibleIndex(&row)),
+                     .cell = frame.wholeCell(column, parts.page.VisibleIndex(row)),
                      .clipLeft = frame.clipLeft(column),
-                     .row = viewOf(parts.rows, row, isTreeCell(column, parts.config.tree))});
+                     .row = parts.rows.view(row)});
 }
 
 }  // namespace tessera

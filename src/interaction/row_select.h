@@ -2,9 +2,6 @@
 
 #pragma once
 
-#include <cstdint>
-#include <vector>
-
 #include "interaction/grid_parts.h"
 #include "interaction/grid_watch.h"
 #include "shared/grid_services.h"
@@ -18,42 +15,28 @@ class RowSelection {
  public:
   RowSelection(GridParts& parts, const GridServices& services) : parts_(parts), services_(services) {}
 
-  RowNode* head() const {
-    return parts_.focus.SelectedRows.empty() ? nullptr : parts_.focus.SelectedRows.front();
-  }
-  bool holds(const RowNode* row) const { return parts_.focus.SelectedRows.holds(row); }
+  Row head() const { return parts_.focus.SelectedRows.front(); }
+  bool holds(Row row) const { return parts_.focus.SelectedRows.holds(row); }
 
-  // `row` gets the only flag; in which mode and where it is stored is the caller's business. It may be
-  // another node afterwards.
-  bool markOnly(RowNode*& row);
+  // `row` gets the only flag; in which mode and where it is stored is the caller's business.
+  bool markOnly(Row row);
 
   // Lead to row mode.
-  bool selectOnly(RowNode* row);
+  bool selectOnly(Row row);
   // In or out of the selection; false also when it is all that is selected, which it stays.
-  bool toggle(RowNode* row);
+  bool toggle(Row row);
   // From the head to `row`, both included, and nothing else. The head stays the head.
-  bool extendTo(RowNode* row);
+  bool extendTo(Row row);
 
-  // The data set's current row has become `row` (null: one without a node): it is the focus row now, or takes
-  // the head's place.
-  bool follow(RowNode* row);
-  // Rows from `row` on have other numbers: by 1 more when it came in, by 1 less when it is gone. Focus and
-  // selection name the same rows as before.
-  void rowInserted(std::int32_t row);
-  void rowDeleted(std::int32_t row);
-  // The rows behind `count` are gone.
-  void rowsCut(std::int32_t count);
+  // The data set's current row has become `row` (noRow: one without a place): it is the focus row now, or
+  // takes the head's place.
+  bool follow(Row row);
 
  private:
-  using Numbers = std::vector<std::int32_t>;
-
-  Numbers marked() const;
-  bool flag(const Numbers& off, const Numbers& on);
+  RowList marked() const;
+  bool flag(const RowList& off, const RowList& on);
   void toRowMode();
-  bool followInRowMode(RowNode* row);
-  // `newNumber` gives 0 for a row that is gone.
-  template <class NewNumber>
-  void renumber(NewNumber newNumber);
+  bool followInRowMode(Row row);
 
   GridParts& parts_;
   const GridServices& services_;

@@ -1,7 +1,6 @@
 #include "render/column_painter.h"
 
 #include "cells/cell_kinds.h"
-#include "render/row_view_of.h"
 #include "rows/suppress.h"
 
 namespace tessera {
@@ -27,9 +26,9 @@ class ColumnPainter {
         isFocusColumn_(isFocusColumn()) {}
 
   void paint() {
-    const std::vector<RowNode*>& page = context_.model.page.VisibleRows;
+    const std::vector<RowView>& page = context_.scratch.rows;
     for (std::size_t index = 0; index < page.size();) {
-      const std::int32_t rows = paintRow(*page[index], static_cast<std::int32_t>(page.size() - index));
+      const std::int32_t rows = paintRow(page[index], static_cast<std::int32_t>(page.size() - index));
       if (rows < 0) return;
       if (rows == 0) {
         ++index;
@@ -51,16 +50,16 @@ class ColumnPainter {
 
   // The rows of the page that the cell took: 0 for a row without a place, endOfColumn when no further row is
   // painted.
-  std::int32_t paintRow(const RowNode& node, std::int32_t rowsLeft) {
-    const std::int32_t index = isTree_ && node.groupColumn != 0 ? node.groupColumn : columnIndex_;
+  std::int32_t paintRow(const RowView& row, std::int32_t rowsLeft) {
+    const std::int32_t index = isTree_ && row.groupColumn != 0 ? row.groupColumn : columnIndex_;
     XString& text = context_.scratch.cellText;
-    const CellSpan span =
-        CellTextAndSpan(texts_, column_, node.row, index, {frame_.rowHeight, spans_ ? rowsLeft : 1}, text);
+    const CellSpan span = CellTextAndSpan(texts_, column_, row.row.number, index,
+                                          {frame_.rowHeight, spans_ ? rowsLeft : 1}, text);
     CellJob job{{.column = column_,
                  .tree = context_.model.config.tree,
                  .cell = frame_.wholeCell(column_, place_),
                  .clipLeft = clipLeft_,
-                 .row = viewOf(context_.model.rows, node, isTree_),
+                 .row = row,
                  .level = span.level},
                 text,
                 ground_};
@@ -71,8 +70,8 @@ class ColumnPainter {
     if (span.level < 0) return 0;
     if (span.level > 0) return paintGroupCell(job);
     job.place.cell.bottom = addClamped(job.place.cell.bottom, mulClamped(span.span - 1, frame_.rowHeight));
-    job.place.showsButton =
-        isFocusColumn_ && context_.model.focus.FocusRow == &node && showsButton(column_, context_.model.eval);
+    job.place.showsButton = isFocusColumn_ && context_.model.focus.FocusRow == row.row &&
+                            showsButton(column_, context_.model.eval);
     return kind_.face->paint(tools_, job) ? span.span : endOfColumn;
   }
 

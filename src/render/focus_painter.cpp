@@ -5,7 +5,6 @@
 
 #include "cells/cell_kinds.h"
 #include "geometry/hit_test.h"
-#include "render/row_view_of.h"
 
 namespace tessera {
 namespace {
@@ -48,7 +47,7 @@ class FocusPainter {
     const std::int32_t width = rowWidth();
     const std::int32_t borderStyle =
         model_.config.columns.empty() ? border::none : model_.config.columns.tail()->value().view.borderStyle;
-    const std::vector<RowNode*>& page = model_.page.VisibleRows;
+    const std::vector<Row>& page = model_.page.VisibleRows;
     for (std::size_t index = 0; index < page.size(); ++index) {
       if (!context_.scratch.selected[index]) continue;
       const Rect row = rowRect(static_cast<std::int32_t>(index), width);
@@ -63,7 +62,7 @@ class FocusPainter {
     if (!model_.focus.FocusRow || !model_.focus.FocusColumn) return;
     const ColumnRecord& column = model_.focus.FocusColumn->value();
     // What is painted next begins with the last row of the page, whatever has the focus.
-    const std::int32_t lastRow = std::exchange(model_.eval.ExprRow, model_.focus.FocusRow->row);
+    const std::int32_t lastRow = std::exchange(model_.eval.ExprRow, model_.focus.FocusRow.number);
     tintHeader(column);
     const bool inView = paintFocusCell(column);
     model_.eval.ExprRow = lastRow;
@@ -119,14 +118,15 @@ class FocusPainter {
   }
 
   CellLayout layoutFocusCell(const ColumnRecord& column, std::int32_t index) const {
-    const RowNode& row = *model_.focus.FocusRow;
-    return layoutCell({.column = column,
-                       .tree = model_.config.tree,
-                       .cell = frame_.wholeCell(column, index),
-                       .clipLeft = frame_.clipLeft(column),
-                       .bottomLimit = dataRect_.bottom,
-                       .row = viewOf(model_.rows, row, isTreeCell(column, model_.config.tree)),
-                       .showsButton = model_.link.level(row.row) <= 0 && showsButton(column, model_.eval)});
+    const Row row = model_.focus.FocusRow;
+    return layoutCell(
+        {.column = column,
+         .tree = model_.config.tree,
+         .cell = frame_.wholeCell(column, index),
+         .clipLeft = frame_.clipLeft(column),
+         .bottomLimit = dataRect_.bottom,
+         .row = model_.rows.view(row),
+         .showsButton = model_.link.level(row.number) <= 0 && showsButton(column, model_.eval)});
   }
 
   // False when nothing of the focus cell is in view.

@@ -47,17 +47,17 @@ class IndicatorPainter {
   }
 
   void paintRow(std::size_t index, std::int32_t top) const {
-    const RowNode& node = *model_.page.VisibleRows[index];
-    model_.eval.ExprRow = node.row;
-    if (record_.indexNumber) return paintNumber(top, node.row);
-    const Glyph glyph = glyphOfStatus(model_.link.sysStatus(node.row), isMarked(index, node));
+    const Row row = model_.page.VisibleRows[index];
+    model_.eval.ExprRow = row.number;
+    if (record_.indexNumber) return paintNumber(top, row.number);
+    const Glyph glyph = glyphOfStatus(model_.link.sysStatus(row.number), isMarked(index, row));
     if (glyph == Glyph::None) return paintText(top, {});
     drawCell(context_.target(), glyphStyle(glyph), cellAt(top, model_.frame.rowHeight), {}, 0);
   }
 
  private:
-  bool isMarked(std::size_t index, const RowNode& node) const {
-    return model_.focus.CellMode ? model_.focus.FocusRow == &node : context_.scratch.selected[index];
+  bool isMarked(std::size_t index, Row row) const {
+    return model_.focus.CellMode ? model_.focus.FocusRow == row : context_.scratch.selected[index];
   }
 
   DrawStyle glyphStyle(Glyph glyph) const {

@@ -14,6 +14,7 @@ namespace tessera {
 struct PaintScratch {
   CellScratch cells;
   XString cellText;
+  std::vector<RowView> rows;   // of the page
   std::vector<bool> selected;  // row mode, one for each row of the page: stands in SelectedRows
 };
 

@@ -20,7 +20,7 @@ struct PaintModel {
   const GridFrame& frame;
   const PageView& page;
   const FocusModel& focus;
-  RowTree& rows;  // walks make nodes
+  const RowTree& rows;
   const DataLink& link;
   const ImageCache& images;
   EvalState& eval;

@@ -118,9 +118,10 @@ void paintSummaryBand(const PaintContext& context, std::int32_t backgroundRow) {
   }
 }
 
-// Which rows of the page are selected.
-void markSelectedRows(const PaintContext& context) {
-  const std::vector<RowNode*>& page = context.model.page.VisibleRows;
+// Where the rows of the page stand in the tree, and which of them are selected.
+void lookAtRows(const PaintContext& context) {
+  const std::vector<Row>& page = context.model.page.VisibleRows;
+  context.model.rows.view(page, context.scratch.rows);
   std::vector<bool>& selected = context.scratch.selected;
   selected.resize(page.size());
   for (std::size_t index = 0; index < page.size(); ++index) {
@@ -134,7 +135,7 @@ PaintResult PaintPipeline::paint(Canvas& canvas, const PaintModel& model) {
   PaintResult result;
   if (!model.settings.Draw || model.settings.ColumnInfo.empty()) return result;
   const PaintContext context{canvas, model, scratch_};
-  markSelectedRows(context);
+  lookAtRows(context);
   const std::int32_t backgroundRow = model.eval.ExprRow;
   paintRows(context, fillBackground(context, canvas));
   paintHeaderBand(context);

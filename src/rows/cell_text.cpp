@@ -76,12 +76,13 @@ void valueTextOf(const TextSource& source, const ColumnRecord& column, std::int3
   formatScratch(source, column, text);
 }
 
-void groupTextOf(const TextSource& source, const ColumnRecord& column, RowTree& rows, std::int32_t row,
+void groupTextOf(const TextSource& source, const ColumnRecord& column, const RowTree& rows, std::int32_t row,
                  XString& text) {
   std::int32_t level = source.link.level(row);
   std::int32_t columnIndex = source.link.columnIndex(column.refColumnId);
-  const RowNode* node = column.hasTree ? rows.find(row) : nullptr;
-  if (node && node->groupColumn != 0) columnIndex = node->groupColumn;
+  const Row place = column.hasTree ? rows.find(row) : noRow;
+  const std::int32_t groupColumn = place ? rows.view(place).groupColumn : 0;
+  if (groupColumn != 0) columnIndex = groupColumn;
   GroupText(source, column, row, columnIndex, level, text);
 }
 
@@ -102,8 +103,8 @@ void cellText(const TextSource& source, const ColumnRecord& column, std::int32_t
   formatScratch(source, column, text);
 }
 
-bool queryText(const TextSource& source, const ColumnList& columns, RowTree& rows, const XString& columnId,
-               std::int32_t row, std::int32_t kind, XString& text) {
+bool queryText(const TextSource& source, const ColumnList& columns, const RowTree& rows,
+               const XString& columnId, std::int32_t row, std::int32_t kind, XString& text) {
   const ColumnRecord* column = columnOfId(columns, columnId);
   if (!column) return false;
   source.eval.ExprRow = row;

@@ -37,7 +37,7 @@ enum class TextKind : std::int32_t { Header = 2, Cell = 3, Group = 4, Summary = 
 // The text of `columnId` of the given kind for dataset row `row`, which becomes the row of `source.eval`.
 // False, with `text` left alone, for a column that is not there and for any other kind. The first column
 // whose id matches without case must also match exactly.
-bool queryText(const TextSource& source, const ColumnList& columns, RowTree& rows, const XString& columnId,
-               std::int32_t row, std::int32_t kind, XString& text);
+bool queryText(const TextSource& source, const ColumnList& columns, const RowTree& rows,
+               const XString& columnId, std::int32_t row, std::int32_t kind, XString& text);
 
 }  // namespace tessera

@@ -4,13 +4,15 @@
 
 #include <cstdint>
 
-#include "rows/row_node.h"
+#include "rows/row.h"
 
 namespace tessera {
 
+enum class RowState : std::int32_t { Leaf = 1, Expanded = 2, Collapsed = 3 };
+
 // A copy, good until the rows change.
 struct RowView {
-  std::int32_t row = 0;    // of the dataset
+  Row row;
   std::int32_t level = 0;  // depth from 1; in a plain grid 0 everywhere
   RowState state = RowState::Leaf;
   std::int32_t groupColumn = 0;  // dataset column that a group row shows in the tree column

@@ -40,9 +40,6 @@ class GridServices {
   // fire() gives the last answer, VT_EMPTY without one.
   virtual XValue fire(EventId id, std::span<const XValue> arguments) = 0;
   virtual bool ask(EventId id, std::span<const XValue> arguments) = 0;
-  // Raised whenever columns or rows are made anew: whoever lets the host run and then finds another number
-  // holds stale ones.
-  virtual std::uint64_t generation() const = 0;
   // Refreshes the grid if that was put off while it was being read.
   virtual void catchUp() = 0;
 };

@@ -244,23 +244,5 @@ TEST(MadeUpForm, FitsWidthsToTheContent) {
   EXPECT_LT(narrow[1], 220);
 }
 
-// Showing a page costs the page: rows that nobody looked at have no nodes.
-TEST(GridReport, CostsThePageAndNotTheRows) {
-  const ScratchFolder folder;
-  std::string rows = "N\n";
-  for (int i = 1; i <= 100'000; ++i) rows += std::to_string(i) + "\n";
-  folder.write("long.csv", rows);
-  auto opened = openForm("long.csv");
-  ASSERT_TRUE(opened) << opened.error().message();
-  FormHost host(std::move(*opened));
-  host.findDataSet(u"data")->SetCurrentRow(99'000);
-  const std::vector<std::string> lines = describeState(host.control().parts());
-  ASSERT_EQ(lines.size(), 2u + 21u);
-  EXPECT_EQ(lines[0], "focus 99000 N state 1");
-  EXPECT_EQ(lines[1], "rows 21 of 100000 top 98990");
-  EXPECT_EQ(lines[2], "row 98990 level 0 state 1");
-  EXPECT_LE(host.control().parts().rows.nodePages(), 4u);
-}
-
 }  // namespace
 }  // namespace tessera

@@ -8,6 +8,8 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/source_path.h"
+
 namespace tessera {
 
 // The working folder of the process while it lives, at the start with a copy of the test forms.
@@ -17,8 +19,7 @@ class ScratchFolder {
     std::string name = (std::filesystem::temp_directory_path() / "tessera-console-XXXXXX").string();
     if (!mkdtemp(name.data())) std::abort();
     path_ = name;
-    std::filesystem::copy(TESSERA_SOURCE_DIR "/tests/console/forms", path_,
-                          std::filesystem::copy_options::recursive);
+    std::filesystem::copy(sourcePath("tests/console/forms"), path_, std::filesystem::copy_options::recursive);
     std::filesystem::current_path(path_);
   }
   ~ScratchFolder() {

@@ -8,6 +8,7 @@
 
 #include "console/scratch_folder.h"
 #include "console/text_diff.h"
+#include "tests/support/source_path.h"
 #include "tools/tessera/console.h"
 
 namespace tessera {
@@ -65,9 +66,7 @@ std::vector<std::string> names() {
   return result;
 }
 
-std::string pathOf(const std::string& name) {
-  return TESSERA_SOURCE_DIR "/tests/console/" + name + ".transcript";
-}
+std::string pathOf(const std::string& name) { return sourcePath("tests/console/" + name + ".transcript"); }
 
 class TranscriptTest : public testing::TestWithParam<std::string> {};
 
@@ -96,7 +95,7 @@ INSTANTIATE_TEST_SUITE_P(Console, TranscriptTest, testing::ValuesIn(names()),
 
 TEST(Transcripts, AreAllInTheList) {
   std::vector<std::string> listed = names();
-  for (const auto& entry : std::filesystem::directory_iterator(TESSERA_SOURCE_DIR "/tests/console")) {
+  for (const auto& entry : std::filesystem::directory_iterator(sourcePath("tests/console"))) {
     if (entry.path().extension() != ".transcript") continue;
     const std::string name = entry.path().stem().string();
     EXPECT_TRUE(std::find(listed.begin(), listed.end(), name) != listed.end()) << name;
@@ -107,7 +106,7 @@ TEST(Transcripts, AreAllInTheList) {
 TEST(EditingGuide, SaysWhatTheConsoleSays) {
   std::vector<std::string> lines;
   bool isInside = false;
-  for (const std::string& line : splitLines(readText(TESSERA_SOURCE_DIR "/docs/editing.md"))) {
+  for (const std::string& line : splitLines(readText(sourcePath("docs/editing.md")))) {
     if (line.starts_with("```")) {
       isInside = line == "```console";
     } else if (isInside) {
@@ -116,7 +115,7 @@ TEST(EditingGuide, SaysWhatTheConsoleSays) {
   }
   const Recorded recorded = parseTranscript(lines);
   ASSERT_FALSE(recorded.commands.empty());
-  auto opened = openForm(TESSERA_SOURCE_DIR "/examples/editors.xml");
+  auto opened = openForm(sourcePath("examples/editors.xml"));
   ASSERT_TRUE(opened) << opened.error().message();
   std::istringstream in(recorded.commands);
   std::ostringstream out;

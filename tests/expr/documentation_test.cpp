@@ -9,12 +9,13 @@
 
 #include "expr/function_help.h"
 #include "expr/sample_rows.h"
+#include "tests/support/source_path.h"
 
 namespace tessera::test {
 namespace {
 
 constexpr std::string_view mark = "<!-- functions: made from the function table by tests/expr -->\n";
-constexpr const char* path = TESSERA_SOURCE_DIR "/docs/expressions.md";
+const std::string path = sourcePath("docs/expressions.md");
 
 std::string readText() {
   std::ostringstream text;

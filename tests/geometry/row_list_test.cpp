@@ -1,4 +1,4 @@
-#include "geometry/row_list.h"
+#include "rows/row_list.h"
 
 #include <algorithm>
 #include <array>
@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "rows/row_node.h"
+#include "rows/row_view.h"
 
 namespace tessera {
 namespace {

@@ -11,6 +11,7 @@
 #include "backends/native/files.h"
 #include "backends/raster/png_writer.h"
 #include "pictures/picture_compare.h"
+#include "tests/support/source_path.h"
 #include "tools/tessera/commands.h"
 
 namespace tessera {
@@ -57,7 +58,7 @@ bool isSet(const char* variable) {
 }
 
 std::string expectedPath(const PictureCase& row) {
-  return std::string(TESSERA_SOURCE_DIR "/tests/pictures/expected/") + row.picture + ".png";
+  return sourcePath("tests/pictures/expected/") + row.picture + ".png";
 }
 
 std::string outputPath(const PictureCase& row, const char* kind) {
@@ -82,7 +83,7 @@ void runCommands(FormHost& host, const PictureCase& row) {
 }
 
 std::optional<Bitmap> paint(const PictureCase& row) {
-  auto opened = openForm(std::string(TESSERA_SOURCE_DIR "/tests/pictures/forms/") + row.form + ".xml");
+  auto opened = openForm(sourcePath("tests/pictures/forms/") + row.form + ".xml");
   if (!opened) {
     ADD_FAILURE() << opened.error().message();
     return std::nullopt;
@@ -138,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(All, PicturesTest, testing::ValuesIn(cases),
 // Every committed picture is the picture of a row.
 TEST(PictureFolderTest, HoldsNothingElse) {
   std::size_t count = 0;
-  for (const auto& file : fs::directory_iterator(TESSERA_SOURCE_DIR "/tests/pictures/expected")) {
+  for (const auto& file : fs::directory_iterator(sourcePath("tests/pictures/expected"))) {
     ++count;
     const auto* row = std::find_if(std::begin(cases), std::end(cases), [&file](const PictureCase& each) {
       return file.path() == expectedPath(each);

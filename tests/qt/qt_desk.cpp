@@ -14,6 +14,7 @@
 #include "backends/qt/qt_text.h"
 #include "shared/compare.h"
 #include "shared/utf.h"
+#include "tests/support/source_path.h"
 #include "tools/tessera/form_property_bag.h"
 #include "tools/tessera/value_text.h"
 
@@ -22,7 +23,7 @@ namespace tessera::test {
 namespace {
 
 OpenedForm opened(const std::string& form) {
-  auto result = openForm(TESSERA_SOURCE_DIR "/tests/console/forms/" + form);
+  auto result = openForm(sourcePath("tests/console/forms/" + form));
   if (!result) throw std::runtime_error(result.error().message());
   return std::move(*result);
 }

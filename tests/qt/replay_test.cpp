@@ -11,6 +11,7 @@
 #include "control/dispatch_table.h"
 #include "qt/qt_desk.h"
 #include "shared/utf.h"
+#include "tests/support/source_path.h"
 #include "tools/tessera/command_line.h"
 #include "tools/tessera/data_operations.h"
 #include "tools/tessera/event_handlers.h"
@@ -95,7 +96,7 @@ XValue valueFrom(const Token& token) {
   const std::string text = token.utf8();
   if (token.isQuoted || !text.starts_with('@')) return token.value();
   XValue value;
-  value.setNarrow(readFile(TESSERA_SOURCE_DIR "/tests/console/forms/" + text.substr(1)));
+  value.setNarrow(readFile(sourcePath("tests/console/forms/" + text.substr(1))));
   return value;
 }
 
@@ -288,7 +289,7 @@ struct Transcript {
 
 Transcript readTranscript(const std::string& name) {
   Transcript transcript;
-  std::ifstream file(TESSERA_SOURCE_DIR "/tests/console/" + name + ".transcript");
+  std::ifstream file(sourcePath("tests/console/" + name + ".transcript"));
   for (std::string line; std::getline(file, line);) {
     // Inside an event a command tells what it set off, further to the right.
     const bool isInside = line.starts_with("  ") && line.find_first_of("!>o") == line.find_first_not_of(' ');

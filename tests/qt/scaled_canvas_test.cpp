@@ -8,6 +8,7 @@
 #include <set>
 
 #include "qt/qt_desk.h"
+#include "tests/support/source_path.h"
 #include "tools/tessera/form_host.h"
 
 namespace tessera::test {
@@ -99,9 +100,7 @@ class HighDpi : public testing::Test {
   QtDesk desk{"editors.xml"};
 };
 
-OpenedForm openedEditors() {
-  return std::move(*openForm(TESSERA_SOURCE_DIR "/tests/console/forms/editors.xml"));
-}
+OpenedForm openedEditors() { return std::move(*openForm(sourcePath("tests/console/forms/editors.xml"))); }
 
 Bitmap headlessPicture() {
   FormHost host(openedEditors());

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <string>
 
+#include "tests/support/source_path.h"
 #include "tools/view/viewer_window.h"
 
 namespace tessera {
@@ -13,7 +14,7 @@ namespace {
 
 // The help window and the handbook tell the same.
 TEST(KeyTable, IsThatOfTheHandbook) {
-  std::ifstream file(TESSERA_SOURCE_DIR "/docs/viewer.md");
+  std::ifstream file(sourcePath("docs/viewer.md"));
   const std::string text{std::istreambuf_iterator<char>(file), {}};
   std::string expected;
   for (const KeyRow& row : keyTable) {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 
+#include "tests/support/source_path.h"
 #include "tools/tessera/form_host.h"
 #include "tools/tessera/open_form.h"
 
@@ -15,7 +16,7 @@ class OpenGrid {
  public:
   // A file below examples/, or any other with its whole path.
   explicit OpenGrid(const std::string& file, ITesseraEvents* events = nullptr) {
-    auto opened = openForm(file.starts_with('/') ? file : TESSERA_SOURCE_DIR "/examples/" + file);
+    auto opened = openForm(file.starts_with('/') ? file : sourcePath("examples/" + file));
     EXPECT_TRUE(opened) << (opened ? "" : opened.error().message());
     rows_ = opened->components.dataSets.front().rows;
     host_ = std::make_unique<FormHost>(std::move(*opened), events);

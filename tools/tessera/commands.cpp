@@ -251,8 +251,7 @@ Reply runCell(CommandContext& context, const Arguments& arguments) {
   const auto row = arguments[0].number();
   if (!row) return noNumber(arguments[0]);
   const auto& page = parts.page.VisibleRows;
-  const auto found =
-      std::find_if(page.begin(), page.end(), [&row](const RowNode* node) { return node->row == *row; });
+  const auto found = std::find_if(page.begin(), page.end(), [&row](Row each) { return each.number == *row; });
   if (found == page.end()) return Reply::error(fmt::format("row {} is not on the page", *row));
   const ColumnRecord* column = findColumn(parts.config.columns, arguments[1].text);
   if (!column) return Reply::error("there is no column " + inQuotes(arguments[1].utf8()));

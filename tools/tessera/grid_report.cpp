@@ -10,16 +10,9 @@ namespace tessera {
 namespace {
 
 std::string focusLine(const FocusModel& focus) {
-  const std::string row = focus.FocusRow ? std::to_string(focus.FocusRow->row) : "-";
+  const std::string row = focus.FocusRow ? std::to_string(focus.FocusRow.number) : "-";
   const ColumnRecord* column = focus.FocusColumn ? &focus.FocusColumn->value() : nullptr;
   return fmt::format("focus {} {} state {}", row, columnName(column), static_cast<int>(focus.state));
-}
-
-std::string selectedLine(const std::vector<RowNode*>& selected) {
-  std::vector<std::int32_t> rows;
-  std::transform(selected.begin(), selected.end(), std::back_inserter(rows), RowNumber);
-  std::sort(rows.begin(), rows.end());
-  return fmt::format("selected {}", fmt::join(rows, ","));
 }
 
 std::string barLine(char name, const HeadlessBar& bar) {
@@ -57,11 +50,14 @@ std::vector<std::string> describeState(const GridParts& parts) {
   lines.push_back(focusLine(parts.focus));
   lines.push_back(fmt::format("rows {} of {} top {}", page.VisibleRows.size(), parts.rows.displayCount(),
                               page.TopOrdinal));
-  for (const RowNode* node : page.VisibleRows) {
+  for (const Row row : page.VisibleRows) {
+    const RowView view = parts.rows.view(row);
     lines.push_back(
-        fmt::format("row {} level {} state {}", node->row, node->level, static_cast<int>(node->state)));
+        fmt::format("row {} level {} state {}", row.number, view.level, static_cast<int>(view.state)));
   }
-  if (!parts.focus.SelectedRows.empty()) lines.push_back(selectedLine(parts.focus.SelectedRows));
+  if (!parts.focus.SelectedRows.empty()) {
+    lines.push_back(fmt::format("selected {}", fmt::join(rowNumbers(parts.focus.SelectedRows), ",")));
+  }
   return lines;
 }
 

@@ -86,7 +86,7 @@ void StateFile::describeGrid(Tessera& grid, QJsonObject& state) const {
   state["text"] = toQString(text);
   if (parts.editor.active) state["edit"] = toQString(parts.editor.box->text());
   state["list"] = grid.controllers().editors.list().isOpen();
-  if (!parts.page.VisibleRows.empty()) state["top"] = parts.page.VisibleRows.front()->row;
+  if (!parts.page.VisibleRows.empty()) state["top"] = parts.page.VisibleRows.front().number;
   QJsonObject headers;
   QJsonObject views;
   for (const ColumnRecord& each : parts.config.columns) {

@@ -1,0 +1,69 @@
+// Rows in the order of the data set, arranged by their levels.
+
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "rows/outline_sequence.h"
+
+namespace tessera {
+
+// Nothing but the levels says who is whose parent, so a row's number is its position, and taking rows in or
+// out renumbers nothing. Positions count from 0. Every question and every change of one row, with a subtree
+// of any size, takes O(log n), nth() in a postorder O(log n) for each level.
+class Outline {
+ public:
+  // Where a parent stands in the data set: before its children (the rows are a preorder) or behind them (a
+  // postorder). Shown are parents before their children in both.
+  enum class Parents { First, Last };
+  static constexpr std::int32_t noLevel = OutlineEntry::noLevel;
+
+  // Anew from levels, from 1. What must hold: seen from the parents' side no level is more than one deeper
+  // than the one before it, those of noLevel left out. Rows with children start as `expanded` says, and so
+  // does a row that gets its first child later.
+  void assign(Parents parents, bool expanded, std::span<const std::int32_t> levels);
+  // More rows at the end of a preorder; the same must hold.
+  void append(std::span<const std::int32_t> levels);
+
+  std::int32_t size() const { return rows_.size(); }
+  std::int32_t shown() const { return rows_.shownBefore(size()); }
+  std::int32_t level(std::int32_t position) const { return rows_.at(position).level; }
+  RowState state(std::int32_t position) const { return rows_.at(position).state; }
+
+  // The rows below a row, from `first` up to, but not including, `behind`; none when the two are equal.
+  struct Range {
+    std::int32_t first = 0;
+    std::int32_t behind = 0;
+  };
+  Range subtree(std::int32_t position) const;
+  // -1 without one.
+  std::int32_t parent(std::int32_t position) const;
+  bool hasNextSibling(std::int32_t position) const;
+  // Whether `a` stands before `b` where all rows are shown.
+  bool isBefore(std::int32_t a, std::int32_t b) const;
+
+  // Itself, or the outermost of its collapsed ancestors. What must hold: the row has a level.
+  std::int32_t shownAncestor(std::int32_t position) const;
+  // The place among the shown rows, from 1, of a shown row.
+  std::int32_t ordinal(std::int32_t position) const;
+  // The row at an ordinal, -1 when out of range.
+  std::int32_t nth(std::int32_t ordinal) const;
+
+  // What must hold: the row is collapsed; expanded.
+  void expand(std::int32_t position) { toggle(position, RowState::Expanded, -1); }
+  void collapse(std::int32_t position) { toggle(position, RowState::Collapsed, 1); }
+  void expandAll();
+  void collapseAll();
+
+ private:
+  std::int32_t nthOfPostorder(std::int32_t ordinal) const;
+  void toggle(std::int32_t position, RowState state, std::int32_t hidden);
+  RowState parentState() const { return expanded_ ? RowState::Expanded : RowState::Collapsed; }
+
+  OutlineSequence rows_;
+  Parents parents_ = Parents::First;
+  bool expanded_ = true;
+};
+
+}  // namespace tessera
