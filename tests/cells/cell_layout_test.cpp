@@ -90,8 +90,7 @@ TEST(CellLayout, Trees) {
     ColumnRecord column = columnOf(CellKind::Check);
     column.hasTree = true;
     column.view.leftMargin = test.margin;
-    CellPlace place{
-        .column = column, .tree = tree, .cell = cell, .row = {.level = test.level, .state = test.state}};
+    CellPlace place{.column = column, .tree = tree, .cell = cell, .row = {{}, test.level, test.state}};
     const CellLayout layout = layoutCell(place);
     EXPECT_EQ(layout.treeBox.drawn.left, test.boxLeft);
     EXPECT_EQ(layout.leftMargin, test.textLeft) << test.level;
@@ -109,8 +108,7 @@ TEST(CellLayout, Trees) {
   column.hasTree = true;
   TreeInfo tree;
   tree.rowMode = RowMode::Tree;
-  EXPECT_EQ(layoutCell({.column = column, .tree = tree, .cell = cell, .row = {.level = least}}).leftMargin,
-            least);
+  EXPECT_EQ(layoutCell({.column = column, .tree = tree, .cell = cell, .row = {{}, least}}).leftMargin, least);
   const TreeInfo plain;
   EXPECT_EQ(layoutCell({.column = column, .tree = plain, .cell = cell}).leftMargin, 3);
 }
