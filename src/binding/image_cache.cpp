@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "config/child_words.h"
 #include "shared/compare.h"
 
 namespace tessera {
@@ -38,7 +39,7 @@ void ImageCache::ReloadCellImage(const ColumnList& columns, const DataLink& link
   XString name;
   dataSet->GetColumnName(column, name);
   const bool isImageColumn = std::any_of(columns.begin(), columns.end(), [&name](const ColumnRecord& record) {
-    return record.child.type == CellKind::Image && equalNoCase(record.refColumnId, name);
+    return valueOfKind(record.child.type) == CellValue::PictureKey && equalNoCase(record.refColumnId, name);
   });
   if (!isImageColumn) return;
   XString key;

@@ -35,8 +35,8 @@ void storeWord(InfoServices&, ChildSpec& child, const XString& value) {
 }
 
 void storeType(InfoServices&, ChildSpec& child, const XString& value) {
-  const std::int32_t kind = valueOfWord(cellKindWords, value);
-  if (kind != unknownWord) setCellKind(child, static_cast<CellKind>(kind));
+  child.type =
+      static_cast<CellKind>(valueOfWord(cellKindWords, value, static_cast<std::int32_t>(child.type)));
 }
 
 void storeSubType(InfoServices&, ChildSpec& child, const XString& value) {

@@ -40,11 +40,7 @@ struct ChildSpec : CellStyle {
   XString lookupText;
   std::shared_ptr<DataSetControl> lookupDataset;
   XString checkText;  // column whose value labels the check mark
-  Glyph checkBitmapOn = Glyph::None;
-  Glyph checkBitmapOff = Glyph::None;
   XString radioText;
-  Glyph radioBitmapOn = Glyph::None;
-  Glyph radioBitmapOff = Glyph::None;
   std::int32_t barMin = 1;
   std::int32_t barMax = 100;
   std::int32_t barAlign = 0;                  // side that the bar grows from: 0 none or an align bit

@@ -19,17 +19,6 @@ std::int32_t parseInputType(std::u16string_view list) {
   }
 }
 
-void setCellKind(ChildSpec& child, CellKind kind) {
-  child.type = kind;
-  if (kind == CellKind::Check) {
-    child.checkBitmapOn = Glyph::CheckOn;
-    child.checkBitmapOff = Glyph::CheckOff;
-  } else if (kind == CellKind::Radio) {
-    child.radioBitmapOn = Glyph::RadioOn;
-    child.radioBitmapOff = Glyph::RadioOff;
-  }
-}
-
 XString columnNameOrNone(const XString& value) { return equalNoCase(value, u"none") ? XString() : value; }
 
 }  // namespace tessera

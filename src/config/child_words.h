@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <array>
 #include <string_view>
 
 #include "config/child_spec.h"
@@ -9,16 +10,55 @@
 
 namespace tessera {
 
-constexpr std::int32_t numberOf(CellKind kind) { return static_cast<std::int32_t>(kind); }
 constexpr std::int32_t numberOf(EditKind kind) { return static_cast<std::int32_t>(kind); }
 
-inline constexpr ValueWord cellKindWords[] = {
-    {u"none", numberOf(CellKind::None)},   {u"edit", numberOf(CellKind::Edit)},
-    {u"combo", numberOf(CellKind::Combo)}, {u"lookup", numberOf(CellKind::Lookup)},
-    {u"check", numberOf(CellKind::Check)}, {u"image", numberOf(CellKind::Image)},
-    {u"radio", numberOf(CellKind::Radio)}, {u"bar", numberOf(CellKind::Bar)},
+// What the value of a cell is to the grid.
+enum class CellValue {
+  Text,        // formatted and shown
+  Bare,        // read as it is: a mark depends on it
+  ItemCode,    // stands for the text of a combo item
+  LookupCode,  // stands for a text of another data set
+  PictureKey,  // names a picture of the image set
 };
-static_assert(std::size(cellKindWords) == 8);
+
+// What a kind of cell is before anything is laid out or drawn; the rest stands in cells/cell_kinds.h.
+struct CellKindWord {
+  std::u16string_view word;
+  CellKind kind;
+  CellValue value = CellValue::Text;
+};
+
+inline constexpr std::array cellKindTable = {
+    CellKindWord{u"none", CellKind::None},
+    CellKindWord{u"edit", CellKind::Edit},
+    CellKindWord{u"combo", CellKind::Combo, CellValue::ItemCode},
+    CellKindWord{u"lookup", CellKind::Lookup, CellValue::LookupCode},
+    CellKindWord{u"check", CellKind::Check, CellValue::Bare},
+    CellKindWord{u"image", CellKind::Image, CellValue::PictureKey},
+    CellKindWord{u"radio", CellKind::Radio, CellValue::Bare},
+    CellKindWord{u"bar", CellKind::Bar},
+};
+inline constexpr std::size_t cellKindCount = cellKindTable.size();
+
+// Whether the row of each kind stands at the kind's number, in a table of any type of row.
+template <class Table>
+constexpr bool isInOrderOfKinds(const Table& table) {
+  for (std::size_t number = 0; number < table.size(); ++number) {
+    if (table[number].kind != static_cast<CellKind>(number)) return false;
+  }
+  return table.size() == cellKindCount;
+}
+static_assert(isInOrderOfKinds(cellKindTable));
+
+constexpr CellValue valueOfKind(CellKind kind) { return cellKindTable[static_cast<std::size_t>(kind)].value; }
+
+inline constexpr auto cellKindWords = [] {
+  std::array<ValueWord, cellKindCount> words{};
+  for (std::size_t number = 0; number < cellKindCount; ++number) {
+    words[number] = {cellKindTable[number].word, static_cast<std::int32_t>(number)};
+  }
+  return words;
+}();
 
 inline constexpr ValueWord editKindWords[] = {
     {u"popup", numberOf(EditKind::Popup)},
@@ -40,9 +80,6 @@ inline constexpr ValueWord barAlignWords[] = {
 
 // The flags of a list separated by commas; blanks, tabs and unknown words do not count.
 std::int32_t parseInputType(std::u16string_view list);
-
-// Sets the kind and, for check and radio cells, their glyphs.
-void setCellKind(ChildSpec& child, CellKind kind);
 
 // Column names where the word "none" means no column.
 XString columnNameOrNone(const XString& value);

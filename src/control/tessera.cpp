@@ -134,12 +134,4 @@ void Tessera::ReportError(ErrorCode code) {
   events_.fire(EventId::OnError, arguments);
 }
 
-ColumnPosition Tessera::columnById(const XString& colid) {
-  ColumnList& columns = parts_.config.columns;
-  for (auto it = columns.begin(); it != columns.end(); ++it) {
-    if (it->id == colid) return it.position();
-  }
-  return nullptr;
-}
-
 }  // namespace tessera

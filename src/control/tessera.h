@@ -140,7 +140,6 @@ class Tessera : public ITessera, public GridServices {
   HResult put_ViewHeader(VariantBool value) override;
 
  private:
-  ColumnPosition columnById(const XString& colid);
   void refillPage();
   void pictureArrived();
 

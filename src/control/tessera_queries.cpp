@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "control/tessera.h"
+#include "geometry/column_finders.h"
 #include "interaction/fit_arrange.h"
 #include "interaction/reading_scope.h"
 #include "rows/cell_text.h"
@@ -122,7 +123,7 @@ HResult Tessera::get_SelectedRows(XString& rows) {
 }
 
 HResult Tessera::get_GetRefColumnID(const XString& colid, XString& name) {
-  if (ColumnPosition column = columnById(colid)) name = column->value().refColumnId;
+  if (ColumnPosition column = columnById(parts_.config.columns, colid)) name = column->value().refColumnId;
   return S_OK;
 }
 

@@ -29,16 +29,6 @@ std::vector<Span> pushers(const ColumnList& columns, const ExpandOptions& option
   return spans;
 }
 
-void shift(Rect& rect, std::int32_t dx) {
-  rect.left = addClamped(rect.left, dx);
-  rect.right = addClamped(rect.right, dx);
-}
-
-void shift(ColumnRecord& column, std::int32_t dx) {
-  shift(column.header.rect, dx);
-  shift(column.view.rect, dx);
-}
-
 }  // namespace
 
 FixedRange fixedRange(const ColumnList& columns) {
@@ -69,13 +59,35 @@ std::int32_t ExpandLeft(const ColumnList& columns, std::int32_t edge, const Expa
   return edge;
 }
 
+void moveColumn(ColumnRecord& column, std::int32_t dx) {
+  for (Rect* rect : {&column.header.rect, &column.view.rect}) {
+    rect->left = addClamped(rect->left, dx);
+    rect->right = addClamped(rect->right, dx);
+  }
+}
+
+void widenColumn(ColumnRecord& column, std::int32_t dx) {
+  for (Rect* rect : {&column.header.rect, &column.view.rect}) rect->right = addClamped(rect->right, dx);
+}
+
+void ShiftEdge(ColumnList& columns, std::int32_t edge, std::int32_t dx) {
+  for (ColumnRecord& column : columns) {
+    const Rect& header = column.header.rect;
+    if (header.left >= edge) {
+      moveColumn(column, dx);
+    } else if (header.right >= edge) {
+      widenColumn(column, dx);
+    }
+  }
+}
+
 void ShiftColumns(ColumnList& columns, std::int32_t dx) {
-  for (ColumnRecord& column : columns) shift(column, dx);
+  for (ColumnRecord& column : columns) moveColumn(column, dx);
 }
 
 void shiftScrolledColumns(ColumnList& columns, std::int32_t dx) {
   for (ColumnRecord& column : columns) {
-    if (!column.header.fix) shift(column, dx);
+    if (!column.header.fix) moveColumn(column, dx);
   }
 }
 

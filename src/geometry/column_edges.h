@@ -27,7 +27,20 @@ struct ExpandOptions {
 std::int32_t ExpandRight(const ColumnList& columns, std::int32_t edge, const ExpandOptions& options);
 std::int32_t ExpandLeft(const ColumnList& columns, std::int32_t edge, const ExpandOptions& options);
 
-// Moves header and view of every column, or of those outside the fixed zone.
+// What a drag of its edge or a fitting leaves of a column at least: one without width could not be found
+// again.
+inline constexpr std::int32_t leastColumnWidth = 5;
+
+// Header and view alike.
+void moveColumn(ColumnRecord& column, std::int32_t dx);
+// The right edges move, the left ones stay.
+void widenColumn(ColumnRecord& column, std::int32_t dx);
+
+// Moves one edge, by header coordinates: columns at or right of it move, columns that span it or end at it
+// grow, the others stay. Views follow their headers.
+void ShiftEdge(ColumnList& columns, std::int32_t edge, std::int32_t dx);
+
+// Moves every column, or those outside the fixed zone.
 void ShiftColumns(ColumnList& columns, std::int32_t dx);
 void shiftScrolledColumns(ColumnList& columns, std::int32_t dx);
 

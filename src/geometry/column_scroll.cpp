@@ -46,8 +46,7 @@ std::int32_t ColumnScroll::StepLeft() {
 
 void ColumnScroll::EnsureColumnVisible(const ColumnRecord& column) {
   if (!frame.hasWindow) return;
-  const bool scrolls = frame.anyFixed && !column.header.fix;
-  const std::int32_t limit = scrolls ? frame.zoneStart() : frame.indicatorWidth;
+  const std::int32_t limit = frame.clipLeft(column);
   const Rect& view = column.view.rect;
   if (view.left < limit) {
     while (view.left < limit && StepLeft() != 0) {

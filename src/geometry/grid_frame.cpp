@@ -21,6 +21,16 @@ std::int32_t GridFrame::firstRowTop() const {
   return summary == SummaryBand::Top ? addClamped(headerBand, rowHeight) : headerBand;
 }
 
+std::int32_t GridFrame::rowTop(std::int32_t index) const {
+  return addClamped(mulClamped(index, rowHeight), firstRowTop());
+}
+
+Rect GridFrame::wholeCell(const ColumnRecord& column, std::int32_t index) const {
+  const Rect& view = column.view.rect;
+  const std::int32_t top = addClamped(rowTop(index), view.top);
+  return {view.left, top, view.right, addClamped(top, view.height())};
+}
+
 GridFrame frameOf(const GridConfig& config, const GridSettings& settings, const GridMetrics& metrics,
                   const Size* client) {
   GridFrame frame;

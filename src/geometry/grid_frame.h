@@ -31,6 +31,14 @@ struct GridFrame {
   std::int32_t rowCapacity() const;
   // Top of the first row.
   std::int32_t firstRowTop() const;
+  // Top of the row at `index` of the page.
+  std::int32_t rowTop(std::int32_t index) const;
+  // The leftmost x that a column's cells may touch: the fixed columns or the indicator stand left of it.
+  std::int32_t clipLeft(const ColumnRecord& column) const {
+    return column.header.fix ? indicatorWidth : zoneStart();
+  }
+  // The body cell of a column in the row at `index` of the page, not cut where the column is scrolled away.
+  Rect wholeCell(const ColumnRecord& column, std::int32_t index) const;
 };
 
 // `client` is null without a window.

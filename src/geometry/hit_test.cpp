@@ -62,12 +62,8 @@ Hit hitIndicator(const PageView& page, const RowPlace& place) {
 }  // namespace
 
 Rect cellRect(const GridFrame& frame, const ColumnRecord& column, std::int32_t visibleIndex) {
-  const Rect& view = column.view.rect;
-  const std::int32_t rowTop = addClamped(mulClamped(visibleIndex, frame.rowHeight), frame.firstRowTop());
-  Rect rect{view.left, addClamped(rowTop, view.top), view.right, 0};
-  rect.bottom = addClamped(rect.top, view.height());
-  const std::int32_t cut = frame.anyFixed && !column.header.fix ? frame.fixed.right : frame.indicatorWidth;
-  rect.left = std::max(rect.left, cut);
+  Rect rect = frame.wholeCell(column, visibleIndex);
+  rect.left = std::max(rect.left, frame.clipLeft(column));
   return rect;
 }
 

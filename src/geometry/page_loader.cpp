@@ -1,5 +1,7 @@
 #include "geometry/page_loader.h"
 
+#include "geometry/column_finders.h"
+
 namespace tessera {
 
 void PageLoader::LoadVisibleRows(bool keepColumn) {
@@ -56,26 +58,16 @@ void PageLoader::focusOn(ColumnPosition column) {
 // An empty name names no column, not the first unbound one.
 ColumnPosition PageLoader::namedColumn() const {
   if (focus.FocusColumnName.empty()) return nullptr;
-  for (auto it = columns.begin(); it != columns.end(); ++it) {
-    if (it->viewVisible && it->refColumnId == focus.FocusColumnName) return it.position();
-  }
-  return nullptr;
+  return firstColumn(columns, [&](const ColumnRecord& column) {
+    return column.viewVisible && column.refColumnId == focus.FocusColumnName;
+  });
 }
 
-// A column further left takes the place of one that was found before it, also when it stands on another line
-// itself: it moves the limit for all that follow.
 ColumnPosition PageLoader::leftmostOfFirstLine() const {
   if (metrics.LineTops.empty()) return nullptr;
-  const std::int32_t line = metrics.LineTops.front();
-  std::int32_t smallestLeft = 65536;
-  ColumnPosition found = nullptr;
-  for (auto it = columns.begin(); it != columns.end(); ++it) {
-    const Rect& view = it->view.rect;
-    if (!it->viewVisible || view.left > smallestLeft) continue;
-    smallestLeft = view.left;
-    if (view.top <= line && view.bottom > line) found = it.position();
-  }
-  return found;
+  return leftmostColumn(columns, [line = metrics.LineTops.front()](const ColumnRecord& column) {
+    return column.view.rect.top <= line && column.view.rect.bottom > line;
+  });
 }
 
 }  // namespace tessera

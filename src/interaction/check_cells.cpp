@@ -1,7 +1,7 @@
 #include "interaction/check_cells.h"
 
+#include "cells/cell_kinds.h"
 #include "interaction/grid_watch.h"
-#include "render/cell_painters.h"
 
 namespace tessera {
 namespace {

@@ -1,26 +1,10 @@
 #include "interaction/column_resize.h"
 
-#include <cstdlib>
-
-#include "interaction/column_moves.h"
+#include "geometry/column_finders.h"
 
 namespace tessera {
 
 namespace {
-
-// Null when no edge is within reach; of edges that are equally near, the later one in the list.
-const ColumnRecord* columnOfEdge(const ColumnList& columns, Point at, bool fixedOnly) {
-  const ColumnRecord* nearest = nullptr;
-  std::int64_t smallest = edgeReach;
-  for (const ColumnRecord& column : columns) {
-    if (!crossesHeader(column, at.y) || (fixedOnly && !column.header.fix)) continue;
-    const std::int64_t distance = std::abs(static_cast<std::int64_t>(column.header.rect.right) - at.x);
-    if (distance > smallest) continue;
-    smallest = distance;
-    nearest = &column;
-  }
-  return nearest;
-}
 
 // The edge stops short of the nearest inner edge: on another line of the template a column may end between
 // the two sides of this one.

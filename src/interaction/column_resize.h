@@ -25,15 +25,7 @@ class ColumnResize {
   PressCapture capture_;
 };
 
-// How near to an edge the pointer has to be.
-inline constexpr std::int32_t edgeReach = 5;
-
 // The settings' bit that lets columns be resized.
 inline constexpr std::int32_t resizeColumnsBit = 1;
-
-// Whether a horizontal line at `y` crosses the header.
-inline bool crossesHeader(const ColumnRecord& column, std::int32_t y) {
-  return column.header.rect.top < y && column.header.rect.bottom > y;
-}
 
 }  // namespace tessera

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "geometry/column_finders.h"
 #include "interaction/column_resize.h"
 
 namespace tessera {
@@ -18,25 +19,9 @@ Cursor cursorOfRecord(std::int32_t number) {
   return recordCursors[static_cast<std::size_t>(number) - 1];
 }
 
-bool isNear(std::int32_t inner, std::int32_t outer) {
-  const std::int32_t distance = subClamped(outer, inner);
-  return distance >= 0 && distance <= edgeReach;
-}
-
-// Only from inside a column: its sides are looked for to the left and to the right.
-bool isAtColumnEdge(const CursorScene& scene, Point at) {
-  const GridFrame& frame = scene.frame;
-  const bool inFixed = frame.anyFixed && at.x >= frame.fixed.left && at.x < frame.fixed.right;
-  for (const ColumnRecord& column : scene.columns) {
-    if (!crossesHeader(column, at.y) || (inFixed && !column.header.fix)) continue;
-    const Rect& header = column.header.rect;
-    if (isNear(header.left, at.x) || isNear(at.x, header.right)) return true;
-  }
-  return false;
-}
-
 Cursor headerCursor(const CursorScene& scene, const Hit& hit, Point at) {
-  if ((scene.settings.Resize & resizeColumnsBit) && isAtColumnEdge(scene, at)) return Cursor::SizeWE;
+  if ((scene.settings.Resize & resizeColumnsBit) && isAtColumnEdge(scene.columns, scene.frame, at))
+    return Cursor::SizeWE;
   return hit.column ? cursorOfRecord(hit.column->value().header.effectiveCursor(scene.eval)) : Cursor::Arrow;
 }
 

@@ -3,17 +3,33 @@
 #include <algorithm>
 #include <array>
 
+#include "cells/cell_kinds.h"
 #include "config/format_value.h"
-#include "geometry/hit_test.h"
 #include "interaction/focused_child.h"
 #include "interaction/grid_watch.h"
 #include "interaction/key_events.h"
+#include "interaction/page_cells.h"
 #include "render/paint_result.h"
 
 namespace tessera {
 namespace {
 
 constexpr std::int32_t borders = 2;  // above and below the items
+
+bool codeOfItem(const ChildSpec& combo, std::int32_t chosen, XString& code) {
+  if (chosen < 0 || chosen >= combo.comboItems.count()) return false;
+  code = std::next(combo.comboItems.begin(), chosen)->code;
+  return true;
+}
+
+bool codeOfRow(const ChildSpec& lookup, std::int32_t chosen, XString& code) {
+  const auto dataSet = lookup.lookupDataset;
+  std::int32_t count = 0;
+  if (dataSet) dataSet->GetRowCount(count);
+  if (chosen < 0 || chosen >= count) return false;
+  dataSet->GetTextByName(chosen + 1, lookup.lookupCode, code);
+  return true;
+}
 
 }  // namespace
 
@@ -33,8 +49,7 @@ bool DropListController::canOpen() const {
   if (!parts_.window || !parts_.settings.Enable || !parts_.editor.list || !parts_.link.dataSet())
     return false;
   if (!focus.CellMode || !focus.FocusRow || !focus.FocusColumn) return false;
-  const CellKind kind = focus.FocusColumn->value().child.type;
-  if (kind != CellKind::Combo && kind != CellKind::Lookup) return false;
+  if (kindOf(focus.FocusColumn->value()).editor != CellEditor::List) return false;
   return parts_.link.level(focus.FocusRow.number) <= 0;
 }
 
@@ -75,13 +90,20 @@ void DropListController::show(const ColumnRecord& column, std::vector<XString> i
 bool DropListController::fill(ColumnRecord& column, std::int32_t row, Content& content) {
   XString code;
   parts_.link.text(row, parts_.link.columnIndex(column.refColumnId), code);
-  if (column.child.type == CellKind::Combo) {
-    content = comboContent(column, code);
-    return true;
+  switch (valueOfKind(column.child.type)) {
+    case CellValue::ItemCode:
+      content = comboContent(column, code);
+      return true;
+    case CellValue::LookupCode:
+      if (!findLookup(column)) return false;
+      content = lookupContent(column, code);
+      return true;
+    case CellValue::Text:
+    case CellValue::Bare:
+    case CellValue::PictureKey:
+      break;
   }
-  if (!findLookup(column)) return false;
-  content = lookupContent(column, code);
-  return true;
+  return false;
 }
 
 // The search runs the host, which may make all columns anew.
@@ -136,20 +158,16 @@ void DropListController::showCell(const ColumnRecord& column) {
 
 // Below the cell, or above it where the screen ends.
 Rect DropListController::placeFor(const ColumnRecord& column, std::int32_t itemCount) const {
-  const GridFrame frame = parts_.frame();
-  const Row row = parts_.focus.FocusRow;
-  const Rect& view = column.view.rect;
-  const std::int32_t rowTop =
-      addClamped(frame.firstRowTop(), mulClamped(parts_.page.VisibleIndex(row), frame.rowHeight));
+  const Rect cell = layoutOf(parts_, column, parts_.focus.FocusRow).cell;
   const Point origin = parts_.window->clientOrigin();
-  const std::int32_t left = addClamped(view.left, origin.x);
+  const std::int32_t left = addClamped(cell.left, origin.x);
   const std::int32_t shown = std::max(std::min(itemCount, column.child.showItemCount), 0);
   const std::int32_t height = addClamped(mulClamped(shown, parts_.editor.list->itemHeight()), borders);
-  std::int32_t top = addClamped(addClamped(rowTop, view.bottom), origin.y);
+  std::int32_t top = addClamped(cell.bottom, origin.y);
   if (addClamped(top, height) > parts_.window->screenSize().height) {
-    top = subClamped(subClamped(top, height), view.height());
+    top = subClamped(subClamped(top, height), cell.height());
   }
-  return {left, top, addClamped(left, view.width()), addClamped(top, height)};
+  return {left, top, addClamped(left, cell.width()), addClamped(top, height)};
 }
 
 // The list counts as closing before the cell is written: what the writing sets off finds it settled. It ends
@@ -160,7 +178,8 @@ bool DropListController::close(bool accept) {
     XString code;
     const bool stands = parts_.structure == target_.structure;
     const bool chosen = stands && chosenCode(code);
-    if (stands && !chosen && target_.column->value().child.type == CellKind::Lookup) return false;
+    if (stands && !chosen && valueOfKind(target_.column->value().child.type) == CellValue::LookupCode)
+      return false;
     parts_.editor.listClosing = true;
     if (chosen) write(code);
   }
@@ -183,19 +202,8 @@ void DropListController::renumber(const RowsChanged& change) {
 bool DropListController::chosenCode(XString& code) const {
   const ChildSpec& child = target_.column->value().child;
   const std::int32_t chosen = parts_.editor.list->chosen();
-  if (child.type == CellKind::Combo) {
-    if (chosen < 0 || chosen >= child.comboItems.count()) return false;
-    auto item = child.comboItems.begin();
-    std::advance(item, chosen);
-    code = item->code;
-    return true;
-  }
-  const auto dataSet = child.lookupDataset;
-  std::int32_t count = 0;
-  if (dataSet) dataSet->GetRowCount(count);
-  if (chosen < 0 || chosen >= count) return false;
-  dataSet->GetTextByName(chosen + 1, child.lookupCode, code);
-  return true;
+  return valueOfKind(child.type) == CellValue::ItemCode ? codeOfItem(child, chosen, code)
+                                                        : codeOfRow(child, chosen, code);
 }
 
 void DropListController::write(const XString& code) {

@@ -1,13 +1,38 @@
 // What keys, characters and presses that reach the grid's window do with the focus cell's editor.
 
-#include "geometry/hit_test.h"
-#include "interaction/cell_buttons.h"
-#include "interaction/check_cells.h"
 #include "interaction/editor_controller.h"
 #include "interaction/keys.h"
+#include "interaction/page_cells.h"
 
 namespace tessera {
 
+bool EditorController::act(CellAction action, const ColumnRecord& column, std::int32_t row, CheckRule rule) {
+  switch (action) {
+    case CellAction::None:
+      return false;
+    case CellAction::OpenBox:
+      return openEditor(true);
+    case CellAction::OpenList:
+      list_.open();
+      return true;
+    case CellAction::FirePopup:
+      return firePopup(XString(column.id), row, popupByButton);
+    case CellAction::FlipMark:
+      flipCheck(parts_, column, row, rule);
+      return true;
+    case CellAction::SetMark:
+      setRadio(parts_, services_, column, row);
+      return true;
+  }
+  return false;
+}
+
+bool EditorController::actByKey(CellAction CellKindRow::*action) {
+  const ColumnRecord* const column = focusColumn();
+  return column && act(kindOf(*column).*action, *column, parts_.focus.FocusRow.number, checkedByKey);
+}
+
+// To ask whether a cell is editable may run the host: the cell is looked for anew.
 void EditorController::enterAction() {
   if (parts_.editor.active) {
     tryCommit(CommitMode::Enter);
@@ -15,25 +40,8 @@ void EditorController::enterAction() {
   }
   const ColumnRecord* const column = focusColumn();
   if (!column) return;
-  switch (column->child.type) {
-    case CellKind::Edit:
-      if (column->child.isEditable(parts_.eval)) openEditor(true);
-      return;
-    case CellKind::Combo:
-    case CellKind::Lookup:
-      list_.open();
-      return;
-    case CellKind::Check:
-      if (column->child.isEditable(parts_.eval)) toggleCheckByKey();
-      return;
-    case CellKind::Radio:
-      setRadioByKey();
-      return;
-    case CellKind::None:
-    case CellKind::Image:
-    case CellKind::Bar:
-      return;
-  }
+  if (kindOf(*column).enterAsks && !column->child.isEditable(parts_.eval)) return;
+  actByKey(&CellKindRow::enter);
 }
 
 void EditorController::escapeAction() {
@@ -45,7 +53,8 @@ void EditorController::spaceAction() {
   if (!focus.CellMode || !focus.FocusRow || !focus.FocusColumn) return;
   parts_.eval.ExprRow = focus.FocusRow.number;
   if (!focus.FocusColumn->value().child.isEditable(parts_.eval)) return;
-  if (!toggleCheckByKey() && focus.FocusColumn->value().hasTree) toggleNode(focus.FocusRow);
+  const bool acted = actByKey(&CellKindRow::space);
+  if (!acted && focus.FocusColumn && focus.FocusColumn->value().hasTree) toggleNode(focus.FocusRow);
 }
 
 // What reaches the grid while its box is open is meant for the box. A blank in a tree column has opened or
@@ -55,7 +64,7 @@ void EditorController::charArrived(char16_t character) {
   if (parts_.editor.active) return parts_.editor.box->sendChar(character);
   const ColumnRecord* const column = focusColumn();
   if (!column || !column->child.isEditable(parts_.eval)) return;
-  if (character == u' ' && column->hasTree && parts_.config.tree.rowMode != RowMode::Plain) return;
+  if (character == u' ' && isTreeCell(*column, parts_.config.tree)) return;
   if (!openEditor(false) || !parts_.editor.active) return;
   parts_.editor.box->sendChar(character);
   services_.Repaint(nullptr);
@@ -81,47 +90,17 @@ XString EditorController::editText() const {
   return editor.active && editor.box ? editor.box->text() : XString();
 }
 
-bool EditorController::toggleCheckByKey() {
-  const ColumnRecord* const column = focusColumn();
-  if (!column || column->child.type != CellKind::Check) return false;
-  flipCheck(parts_, *column, parts_.focus.FocusRow.number, checkedByKey);
-  return true;
-}
-
-bool EditorController::setRadioByKey() {
-  const ColumnRecord* const column = focusColumn();
-  if (!column || column->child.type != CellKind::Radio) return false;
-  setRadio(parts_, services_, *column, parts_.focus.FocusRow.number);
-  return true;
-}
-
 bool EditorController::activateCell(std::int32_t x, std::int32_t y, ColumnPosition position, Row row) {
   if (!position || !row || !position->value().viewVisible) return false;
   const ColumnRecord& column = position->value();
   parts_.eval.ExprRow = row.number;
   if (!column.child.isEditable(parts_.eval) || parts_.link.level(row.number) > 0) return false;
-  const std::int32_t index = parts_.page.VisibleIndex(row);
-  if (index < 0) return false;
-  const Rect cell = cellRect(parts_.frame(), column, index);
-  if (markRect(column, cell).holds(x, y)) return pressMark(column, row);
+  if (parts_.page.VisibleIndex(row) < 0) return false;
+  const CellLayout layout = layoutOf(parts_, column, row);
   const FocusModel& focus = parts_.focus;
   const bool isFocus = focus.CellMode && focus.FocusRow == row && focus.FocusColumn == position;
-  return isFocus && buttonRect(column, cell).holds(x, y) && pressPopup(column, row);
-}
-
-bool EditorController::pressPopup(const ColumnRecord& column, Row row) {
-  if (column.child.type == CellKind::Edit) return firePopup(XString(column.id), row.number, popupByButton);
-  list_.open();
-  return true;
-}
-
-bool EditorController::pressMark(const ColumnRecord& column, Row row) {
-  if (column.child.type == CellKind::Check) {
-    flipCheck(parts_, column, row.number, checkedByMouse);
-  } else {
-    setRadio(parts_, services_, column, row.number);
-  }
-  return true;
+  const bool meets = layout.mark.pressed.holds(x, y) || (isFocus && layout.button.pressed.holds(x, y));
+  return meets && act(kindOf(column).press, column, row.number, checkedByMouse);
 }
 
 }  // namespace tessera

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "cells/cell_kinds.h"
 #include "interaction/edit_outcome.h"
 #include "interaction/focused_child.h"
 #include "interaction/key_events.h"
@@ -68,7 +69,7 @@ bool EditorController::firePopup(const XString& colid, std::int32_t row, std::in
 bool EditorController::openEditor(bool withPopup) {
   const ColumnRecord* const column = focusColumn();
   if (!column || !parts_.settings.Enable || parts_.editor.active) return false;
-  if (column->child.type != CellKind::Edit) return false;
+  if (kindOf(*column).editor != CellEditor::Box) return false;
   const std::int32_t row = parts_.focus.FocusRow.number;
   const XString colid = column->id;
   if (column->child.subType == EditKind::PopupFix) {

@@ -6,6 +6,8 @@
 #include <functional>
 #include <optional>
 
+#include "cells/cell_kinds.h"
+#include "interaction/check_cells.h"
 #include "interaction/drop_list.h"
 #include "interaction/edit_filter.h"
 #include "interaction/edit_outcome.h"
@@ -64,9 +66,6 @@ class EditorController : public EditBoxOwner {
   bool openEditor(bool withPopup);
   // A press of the left button on a cell: true when it met the cell's button or mark.
   bool activateCell(std::int32_t x, std::int32_t y, ColumnPosition column, Row row);
-  // False when the focus cell is no such cell.
-  bool toggleCheckByKey();
-  bool setRadioByKey();
 
   // Keys on the grid's window.
   void enterAction();
@@ -134,8 +133,9 @@ class EditorController : public EditBoxOwner {
   void writeText();
   void takeFocusBack();
 
-  bool pressPopup(const ColumnRecord& column, Row row);
-  bool pressMark(const ColumnRecord& column, Row row);
+  // False when the action is none, or cannot be done now. `rule` is how a mark flips.
+  bool act(CellAction action, const ColumnRecord& column, std::int32_t row, CheckRule rule);
+  bool actByKey(CellAction CellKindRow::*action);
 
   GridParts& parts_;
   GridServices& services_;

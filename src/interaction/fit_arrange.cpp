@@ -1,6 +1,5 @@
 #include "interaction/fit_arrange.h"
 
-#include "interaction/column_moves.h"
 #include "interaction/grid_watch.h"
 #include "interaction/reading_scope.h"
 #include "render/column_width.h"

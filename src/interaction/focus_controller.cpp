@@ -1,5 +1,6 @@
 #include "interaction/focus_controller.h"
 
+#include "geometry/column_finders.h"
 #include "interaction/fire_event.h"
 #include "interaction/focused_child.h"
 #include "interaction/ime_mode.h"
@@ -12,10 +13,8 @@ const XString noColumn;
 const XString& idOf(ColumnPosition column) { return column ? column->value().id : noColumn; }
 
 ColumnPosition visibleColumn(ColumnList& columns, const XString& id) {
-  for (auto it = columns.begin(); it != columns.end(); ++it) {
-    if (it->viewVisible && it->id == id) return it.position();
-  }
-  return nullptr;
+  return firstColumn(columns,
+                     [&](const ColumnRecord& column) { return column.viewVisible && column.id == id; });
 }
 
 }  // namespace

@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "geometry/cell_steps.h"
 #include "geometry/hit_test.h"
-#include "interaction/cell_steps.h"
 #include "interaction/editor_controller.h"
 #include "interaction/grid_parts.h"
 #include "interaction/grid_watch.h"

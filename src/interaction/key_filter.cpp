@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "cells/cell_kinds.h"
 #include "interaction/key_events.h"
 
 namespace tessera {
@@ -23,7 +24,7 @@ KeyRoute KeyFilter::translate(std::int32_t& key) {
 bool KeyFilter::someCellEdits() const {
   const ColumnList& columns = parts_.config.columns;
   return std::any_of(columns.begin(), columns.end(), [](const ColumnRecord& column) {
-    return column.viewVisible && column.child.type != CellKind::None;
+    return column.viewVisible && kindOf(column).takesTab;
   });
 }
 
@@ -60,7 +61,7 @@ std::optional<Cell> KeyFilter::nextEditable(const Cell& start, bool back) {
     if (!next) return std::nullopt;
     at = *next;
     const bool isStart = at.row == start.row && at.column == start.column;
-    if (isStart || at.column->value().child.type == CellKind::None) continue;
+    if (isStart || !kindOf(at.column->value()).takesTab) continue;
     if (parts_.link.level(at.row.number) == 0) return at;
   }
 }

@@ -2,11 +2,11 @@
 
 #include <cstdlib>
 
+#include "cells/head_layout.h"
 #include "interaction/cursor_shape.h"
 #include "interaction/fire_event.h"
-#include "interaction/head_check.h"
+#include "interaction/page_cells.h"
 #include "interaction/reading_scope.h"
-#include "interaction/tree_box_hit.h"
 
 namespace tessera {
 
@@ -85,7 +85,7 @@ MouseController::PressResult MouseController::press(Spot& spot) {
 bool MouseController::tickHeadCheck(const Spot& spot) {
   if (!spot.hit.column) return false;
   ColumnRecord& column = spot.hit.column->value();
-  if (!headCheckRect(column.header).holds(spot.at.x, spot.at.y)) return false;
+  if (!layoutHead(column.header).check.pressed.holds(spot.at.x, spot.at.y)) return false;
   column.header.checked = !column.header.checked;
   services_.Repaint(nullptr);
   fire<EventId::OnHeadCheckClick>(parts_, services_, column.index, spot.colid,
@@ -129,10 +129,8 @@ bool MouseController::changesSelection(const Hit& hit) const {
 
 bool MouseController::isOnTreeBox(const Spot& spot) const {
   if (!spot.hit.column || !spot.hit.dataRow()) return false;
-  const ColumnRecord& column = spot.hit.column->value();
-  Rect cell = cellRect(parts_.frame(), column, parts_.page.VisibleIndex(spot.hit.dataRow()));
-  cell.left = column.view.rect.left;
-  return hitsTreeBox(parts_.config.tree, column, cell, parts_.rows.view(spot.hit.dataRow()), spot.at);
+  const CellLayout layout = layoutOf(parts_, spot.hit.column->value(), spot.hit.dataRow());
+  return layout.treeBox.pressed.holds(spot.at.x, spot.at.y);
 }
 
 void MouseController::move(Point at) {

@@ -1,43 +1,23 @@
 #include "render/band_painters.h"
 
+#include "cells/head_layout.h"
 #include "config/format_value.h"
-#include "render/cell_painters.h"
-#include "render/glyphs.h"
 
 namespace tessera {
-namespace {
-
-// A caption in the middle stays there: only at a side the box takes room from the text.
-Rect placeBox(Glyph box, const Rect& cell, DrawStyle& style) {
-  const std::int32_t width = glyphSize(box).width;
-  const std::int32_t room = width + 2 * glyphGap;
-  switch (sideOf(style.align)) {
-    case Side::Right:
-      style.rightMargin = room;
-      return glyphRect(box, cell, subClamped(cell.right, glyphGap + width));
-    case Side::Left:
-      style.leftMargin = room;
-      break;
-    case Side::Center:
-      break;
-  }
-  return glyphRect(box, cell, addClamped(cell.left, glyphGap));
-}
-
-}  // namespace
 
 void paintHeaderCell(const PaintContext& context, const ColumnRecord& column) {
   const HeaderCell& header = column.header;
-  const std::int32_t clipLeft = context.clipLeft(column);
+  const std::int32_t clipLeft = context.model.frame.clipLeft(column);
   XString& caption = context.scratch.cellText;
   displayText(header, context.model.eval, caption);
+  const HeadLayout layout = layoutHead(header);
   DrawStyle style(header);
-  if (!header.showCheck) return drawHeaderText(context.target(), style, header.rect, caption, clipLeft);
-  const Glyph box = header.checked ? header.checkedBitmap : header.uncheckedBitmap;
-  const Rect boxRect = placeBox(box, header.rect, style);
+  style.leftMargin = layout.leftMargin;
+  style.rightMargin = layout.rightMargin;
   drawHeaderText(context.target(), style, header.rect, caption, clipLeft);
+  if (!header.showCheck) return;
   const ColorRef backColor = context.model.settings.Enable ? screen().window : screen().face;
-  drawGlyph(context.canvas, box, boxRect, backColor, clipLeft);
+  drawGlyph(context.canvas, layout.check.glyph, layout.check.drawn, backColor, clipLeft);
 }
 
 void paintSummaryCell(const PaintContext& context, const ColumnRecord& column, std::int32_t bandTop) {
@@ -46,7 +26,8 @@ void paintSummaryCell(const PaintContext& context, const ColumnRecord& column, s
   XString& text = context.scratch.cellText;
   displayText(column.summary, context.model.eval, text);
   drawCell(context.target(), DrawStyle(column.summary),
-           {view.left, top, view.right, addClamped(top, view.height())}, text, context.clipLeft(column));
+           {view.left, top, view.right, addClamped(top, view.height())}, text,
+           context.model.frame.clipLeft(column));
 }
 
 }  // namespace tessera

@@ -1,6 +1,6 @@
 #include "render/column_painter.h"
 
-#include "render/cell_painters.h"
+#include "cells/cell_kinds.h"
 #include "rows/suppress.h"
 
 namespace tessera {
@@ -14,11 +14,16 @@ class ColumnPainter {
         column_(column),
         ground_(ground),
         frame_(context.model.frame),
+        kind_(kindOf(column)),
+        texts_(context.texts()),
+        tools_{context.canvas, texts_, context.model.images, context.scratch.cells,
+               context.model.settings.Enable},
         columnIndex_(context.model.link.columnIndex(column.refColumnId)),
-        clipLeft_(context.clipLeft(column)),
+        clipLeft_(frame_.clipLeft(column)),
         bottomLimit_(context.dataRect().bottom),
-        isTree_(column.hasTree && context.model.config.tree.rowMode != RowMode::Plain),
-        top_(addClamped(frame_.firstRowTop(), column.view.rect.top)) {}
+        isTree_(isTreeCell(column, context.model.config.tree)),
+        spans_(kind_.spans && !isTree_),
+        isFocusColumn_(isFocusColumn()) {}
 
   void paint() {
     const std::vector<RowView>& page = context_.scratch.rows;
@@ -30,83 +35,67 @@ class ColumnPainter {
         continue;
       }
       index += static_cast<std::size_t>(rows);
-      top_ = addClamped(top_, mulClamped(rows, frame_.rowHeight));
-      if (top_ >= bottomLimit_) return;
+      place_ = addClamped(place_, rows);
+      if (frame_.wholeCell(column_, place_).top >= bottomLimit_) return;
     }
   }
 
  private:
   static constexpr std::int32_t endOfColumn = -1;
 
+  bool isFocusColumn() const {
+    const ColumnPosition focus = context_.model.focus.FocusColumn;
+    return focus && focus->value().id == column_.id;
+  }
+
   // The rows of the page that the cell took: 0 for a row without a place, endOfColumn when no further row is
   // painted.
   std::int32_t paintRow(const RowView& row, std::int32_t rowsLeft) {
-    const bool spans = column_.child.type == CellKind::None && !isTree_;
     const std::int32_t index = isTree_ && row.groupColumn != 0 ? row.groupColumn : columnIndex_;
     XString& text = context_.scratch.cellText;
-    const CellSpan span = CellTextAndSpan(context_.texts(), column_, row.row.number, index,
-                                          {frame_.rowHeight, spans ? rowsLeft : 1}, text);
-    CellJob job{column_, row, rowRect(), clipLeft_, text, ground_};
+    const CellSpan span = CellTextAndSpan(texts_, column_, row.row.number, index,
+                                          {frame_.rowHeight, spans_ ? rowsLeft : 1}, text);
+    CellJob job{{.column = column_,
+                 .tree = context_.model.config.tree,
+                 .cell = frame_.wholeCell(column_, place_),
+                 .clipLeft = clipLeft_,
+                 .row = row,
+                 .level = span.level},
+                text,
+                ground_};
     if (isTree_) {
-      paintTreeCell(context_, job, span.level);
+      paintTreeCell(tools_, job);
       return 1;
     }
     if (span.level < 0) return 0;
-    if (span.level > 0) return paintGroupCell(job, span.level);
-    if (!spans) return paintDataCell(job) ? 1 : endOfColumn;
-    job.rect.bottom = addClamped(job.rect.bottom, mulClamped(span.span - 1, frame_.rowHeight));
-    paintPlainCell(context_, job);
-    return span.span;
+    if (span.level > 0) return paintGroupCell(job);
+    job.place.cell.bottom = addClamped(job.place.cell.bottom, mulClamped(span.span - 1, frame_.rowHeight));
+    job.place.showsButton = isFocusColumn_ && context_.model.focus.FocusRow == row.row &&
+                            showsButton(column_, context_.model.eval);
+    return kind_.face->paint(tools_, job) ? span.span : endOfColumn;
   }
 
-  std::int32_t paintGroupCell(const CellJob& job, std::int32_t level) const {
-    if (const GroupCell* group = column_.groupOfLevel(level)) {
-      drawCell(context_.target(), DrawStyle(*group), job.rect, job.text, job.clipLeft);
+  std::int32_t paintGroupCell(const CellJob& job) const {
+    if (const GroupCell* group = column_.groupOfLevel(job.place.level)) {
+      drawCell(context_.target(), DrawStyle(*group), job.place.cell, job.text, clipLeft_);
     }
     return 1;
-  }
-
-  bool paintDataCell(const CellJob& job) const {
-    switch (column_.child.type) {
-      case CellKind::None:
-        paintPlainCell(context_, job);
-        break;
-      case CellKind::Edit:
-        paintEditCell(context_, job);
-        break;
-      case CellKind::Combo:
-      case CellKind::Lookup:
-        paintDropCell(context_, job);
-        break;
-      case CellKind::Check:
-        paintCheckCell(context_, job);
-        break;
-      case CellKind::Radio:
-        paintRadioCell(context_, job);
-        break;
-      case CellKind::Image:
-        return paintImageCell(context_, job);
-      case CellKind::Bar:
-        paintBarCell(context_, job);
-        break;
-    }
-    return true;
-  }
-
-  Rect rowRect() const {
-    const Rect& view = column_.view.rect;
-    return {view.left, top_, view.right, addClamped(top_, view.height())};
   }
 
   const PaintContext& context_;
   const ColumnRecord& column_;
   std::optional<ColorRef> ground_;
   const GridFrame& frame_;
+  const CellKindRow& kind_;
+  TextSource texts_;
+  CellTools tools_;
   std::int32_t columnIndex_;
   std::int32_t clipLeft_;
   std::int32_t bottomLimit_;
   bool isTree_;
-  std::int32_t top_;  // of the cell in the row that comes next
+  bool spans_;
+  bool isFocusColumn_;
+  std::int32_t place_ = 0;  // on the page, of the row that comes next: not all rows take one
 };
 
 }  // namespace

@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "cells/cell_kinds.h"
 #include "geometry/hit_test.h"
-#include "render/glyphs.h"
-#include "render/tree_layout.h"
 
 namespace tessera {
 namespace {
@@ -87,7 +86,7 @@ class FocusPainter {
   }
 
   Rect rowRect(std::int32_t index, std::int32_t right) const {
-    const std::int32_t top = addClamped(mulClamped(index, frame_.rowHeight), frame_.firstRowTop());
+    const std::int32_t top = frame_.rowTop(index);
     return {frame_.indicatorWidth, top, right, std::min(addClamped(top, frame_.rowHeight), dataRect_.bottom)};
   }
 
@@ -107,7 +106,7 @@ class FocusPainter {
   void tintHeader(const ColumnRecord& column) const {
     if (!model_.settings.ViewHeader) return;
     Rect header = column.header.rect;
-    header.left = std::max(header.left, context_.clipLeft(column));
+    header.left = std::max(header.left, frame_.clipLeft(column));
     tint(header, headerTint.of(column.header.borderStyle));
   }
 
@@ -118,62 +117,38 @@ class FocusPainter {
     if (!rect.empty()) context_.canvas.focusRect(rect);
   }
 
+  CellLayout layoutFocusCell(const ColumnRecord& column, std::int32_t index) const {
+    const Row row = model_.focus.FocusRow;
+    return layoutCell(
+        {.column = column,
+         .tree = model_.config.tree,
+         .cell = frame_.wholeCell(column, index),
+         .clipLeft = frame_.clipLeft(column),
+         .bottomLimit = dataRect_.bottom,
+         .row = model_.rows.view(row),
+         .showsButton = model_.link.level(row.number) <= 0 && showsButton(column, model_.eval)});
+  }
+
   // False when nothing of the focus cell is in view.
   bool paintFocusCell(const ColumnRecord& column) const {
     const std::int32_t index = model_.page.VisibleIndex(model_.focus.FocusRow);
     if (index < 0 || frame_.rowHeight <= 0) return false;
-    Rect cell = cellRect(frame_, column, index);
+    const Rect cell = cellRect(frame_, column, index);
     if (cell.top >= dataRect_.bottom) return false;
-    cell.bottom = std::min(cell.bottom, dataRect_.bottom);
     tintIndicator(rowRect(index, 0));
     if (cell.left >= cell.right) return false;
-    if (hasPlainEditor(column)) {
-      result_.editorPlace = plainEditorPlace(column, cell);
-      return true;
-    }
-    decorate(column, cell);
-    if (cell.left >= cell.right) return false;
-    tint(cell, cellTint.of(column.view.borderStyle));
-    drawFocusRect(cell, focusInset.of(column.view.borderStyle));
+    const CellLayout layout = layoutFocusCell(column, index);
+    const CellPart& button = layout.button;
+    const bool hasBox = model_.editorOpen && column.child.isPopupEdit();
+    const bool boxFills = hasBox && button.glyph == Glyph::None;
+    if (boxFills || (hasBox && !button.drawn.empty())) result_.editorPlace = layout.editor;
+    if (boxFills) return true;
+    drawGlyph(context_.canvas, button.glyph, button.drawn, screen().face, layout.visible.left);
+    const Rect& body = layout.body;
+    if (body.left >= body.right) return false;
+    tint(body, cellTint.of(column.view.borderStyle));
+    drawFocusRect(body, focusInset.of(column.view.borderStyle));
     return true;
-  }
-
-  bool hasPlainEditor(const ColumnRecord& column) const {
-    return model_.editorOpen && column.child.type == CellKind::Edit &&
-           column.child.subType == EditKind::Plain;
-  }
-
-  // In a tree column the editor starts where the text does.
-  Rect plainEditorPlace(const ColumnRecord& column, Rect place) const {
-    place.right = subClamped(place.right, 1);
-    place.bottom = subClamped(place.bottom, 1);
-    if (column.hasTree && model_.config.tree.rowMode != RowMode::Plain) {
-      const TreeLayout layout(model_.config.tree, column.view.leftMargin);
-      place.left = addClamped(place.left, layout.textLeft(model_.rows.view(model_.focus.FocusRow), true));
-    }
-    return place;
-  }
-
-  // The button at the right of the cell takes its width from the cell.
-  void decorate(const ColumnRecord& column, Rect& cell) const {
-    if (model_.link.level(model_.focus.FocusRow.number) > 0) return;
-    const ChildSpec& child = column.child;
-    if (child.type == CellKind::Edit && child.subType != EditKind::Plain) {
-      drawButton(Glyph::PopupButton, cell);
-      if (child.subType == EditKind::Popup && model_.editorOpen) result_.editorPlace = cell;
-    } else if ((child.type == CellKind::Combo || child.type == CellKind::Lookup) &&
-               child.isEditable(model_.eval)) {
-      drawButton(Glyph::DropButton, cell);
-    }
-  }
-
-  void drawButton(Glyph glyph, Rect& cell) const {
-    const std::int32_t left = subClamped(cell.right, glyphSize(glyph).width);
-    Rect button = glyphRect(glyph, cell, left);
-    button.bottom = addClamped(button.top, glyphSize(glyph).height);
-    button.left = std::max(button.left, cell.left);
-    drawGlyph(context_.canvas, glyph, button, screen().face, cell.left);
-    cell.right = left;
   }
 
   const PaintContext& context_;

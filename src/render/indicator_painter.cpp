@@ -3,7 +3,7 @@
 #include <array>
 #include <charconv>
 
-#include "render/glyphs.h"
+#include "cells/glyphs.h"
 
 namespace tessera {
 namespace {
@@ -100,10 +100,8 @@ void paintIndicator(const PaintContext& context) {
   painter.paintCorner();
   if (frame.rowHeight <= 0) return;
   if (frame.summary == SummaryBand::Top) painter.paintSummary(frame.headerBand);
-  std::int32_t top = frame.firstRowTop();
   for (std::size_t index = 0; index < context.model.page.VisibleRows.size(); ++index) {
-    painter.paintRow(index, top);
-    top = addClamped(top, frame.rowHeight);
+    painter.paintRow(index, frame.rowTop(static_cast<std::int32_t>(index)));
   }
   if (frame.summary == SummaryBand::Bottom) painter.paintSummary(context.dataRect().bottom);
 }

@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "cells/cell_kinds.h"
+#include "cells/scratch_surface.h"
 #include "render/band_painters.h"
 #include "render/column_painter.h"
 #include "render/focus_painter.h"
 #include "render/indicator_painter.h"
-#include "render/scratch_surface.h"
 
 namespace tessera {
 namespace {
@@ -31,7 +32,7 @@ ColorRef fillBackground(const PaintContext& context, Canvas& canvas) {
 // into it. `row` is the one that the background was evaluated with.
 void restoreBackground(const PaintContext& context, const Rect& band, std::int32_t row) {
   if (context.model.config.background.imageMode == image_mode::solid || band.empty()) return;
-  Canvas& surface = scratchSurface(context);
+  Canvas& surface = scratchSurface(context.canvas, context.scratch.cells.surface);
   const std::int32_t present = std::exchange(context.model.eval.ExprRow, row);
   fillBackground(context, surface);
   context.model.eval.ExprRow = present;
@@ -40,7 +41,7 @@ void restoreBackground(const PaintContext& context, const Rect& band, std::int32
 
 bool reachesIn(const PaintContext& context, const ColumnRecord& column) {
   const std::int32_t right = context.dataRect().right;
-  const std::int32_t clipLeft = context.clipLeft(column);
+  const std::int32_t clipLeft = context.model.frame.clipLeft(column);
   const auto outside = [right, clipLeft](const Rect& span) {
     return span.left >= right || span.right <= clipLeft;
   };
@@ -65,7 +66,7 @@ class Ground {
   std::optional<ColorRef> under(const ColumnRecord& column) {
     const Rect& view = column.view.rect;
     const bool inside = staysInside(column);
-    const bool clean = inside && std::max(view.left, context_.clipLeft(column)) >= paintedTo_;
+    const bool clean = inside && std::max(view.left, context_.model.frame.clipLeft(column)) >= paintedTo_;
     paintedTo_ = inside ? std::max(paintedTo_, view.right) : INT32_MAX;
     return clean ? color_ : std::nullopt;
   }
@@ -75,9 +76,7 @@ class Ground {
   // shares with its left and upper neighbour, nor meets another cell of the column.
   bool staysInside(const ColumnRecord& column) const {
     const auto& view = column.view;
-    const bool isText = column.child.type == CellKind::None || column.child.type == CellKind::Edit ||
-                        column.child.type == CellKind::Combo || column.child.type == CellKind::Lookup;
-    return isText && !column.hasTree && column.groups.empty() && view.sortMark == 0 &&
+    return kindOf(column).isText && !column.hasTree && column.groups.empty() && view.sortMark == 0 &&
            std::min({view.leftMargin, view.topMargin, view.rightMargin, view.bottomMargin}) >= 0 &&
            view.rect.top >= 0 && view.rect.bottom <= context_.model.frame.rowHeight;
   }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "config/child_words.h"
 #include "config/format_value.h"
 #include "rows/group_text.h"
 #include "shared/compare.h"
@@ -54,16 +55,19 @@ void lookupText(const TextSource& source, const ColumnRecord& column, std::int32
 // Combo and lookup cells show another text in place of their value; false for other cells.
 bool translatedText(const TextSource& source, const ColumnRecord& column, std::int32_t row,
                     std::int32_t columnIndex, XString& text) {
-  switch (column.child.type) {
-    case CellKind::Combo:
+  switch (valueOfKind(column.child.type)) {
+    case CellValue::ItemCode:
       comboText(source, column, row, columnIndex, text);
       return true;
-    case CellKind::Lookup:
+    case CellValue::LookupCode:
       lookupText(source, column, row, columnIndex, text);
       return true;
-    default:
-      return false;
+    case CellValue::Text:
+    case CellValue::Bare:
+    case CellValue::PictureKey:
+      break;
   }
+  return false;
 }
 
 // As cellText(), but check and radio cells are read and formatted like plain ones.
@@ -95,9 +99,7 @@ const ColumnRecord* columnOfId(const ColumnList& columns, const XString& id) {
 void cellText(const TextSource& source, const ColumnRecord& column, std::int32_t row,
               std::int32_t columnIndex, XString& text) {
   if (viewText(source, column, text)) return;
-  if (column.child.type == CellKind::Check || column.child.type == CellKind::Radio) {
-    return source.link.text(row, columnIndex, text);
-  }
+  if (valueOfKind(column.child.type) == CellValue::Bare) return source.link.text(row, columnIndex, text);
   if (translatedText(source, column, row, columnIndex, text)) return;
   source.link.value(row, columnIndex, source.scratch.value);
   formatScratch(source, column, text);

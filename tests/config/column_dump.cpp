@@ -78,9 +78,7 @@ std::string dumpChild(const ChildSpec& child) {
   fields.add("select", &ChildSpec::select).add("lines", &ChildSpec::showItemCount);
   fields.add("lookupId", &ChildSpec::lookupDataId).add("lookupCode", &ChildSpec::lookupCode);
   fields.add("lookupText", &ChildSpec::lookupText).add("checkText", &ChildSpec::checkText);
-  fields.add("checkOn", &ChildSpec::checkBitmapOn).add("checkOff", &ChildSpec::checkBitmapOff);
-  fields.add("radioText", &ChildSpec::radioText).add("radioOn", &ChildSpec::radioBitmapOn);
-  fields.add("radioOff", &ChildSpec::radioBitmapOff).add("min", &ChildSpec::barMin);
+  fields.add("radioText", &ChildSpec::radioText).add("min", &ChildSpec::barMin);
   fields.add("max", &ChildSpec::barMax).add("barAlign", &ChildSpec::barAlign);
   fields.add("barColor", &ChildSpec::barColor).add("barBack", &ChildSpec::barBackColor);
   fields.add("barText", &ChildSpec::barText).addStyle();

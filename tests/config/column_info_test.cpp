@@ -70,7 +70,7 @@ TEST(ColumnInfo, TwoLineBand) {
             "  view rect=120,0,200,20 layoutLeft=120 layoutRight=200 align=20\n"
             "column flag ref=\"ACTIVE\" index=2\n"
             "  view rect=120,20,200,40 layoutLeft=120 layoutRight=200\n"
-            "  child type=4 checkOn=224 checkOff=223\n");
+            "  child type=4\n");
 }
 
 TEST(ColumnInfo, Columns) {
@@ -259,7 +259,7 @@ TEST(ColumnInfo, Children) {
       {"<CHILD type='combo'/><CHILD type='none'/>", ""},
       {"<CHILD type='image'/>", "  child type=5\n"},
       {"<CHILD type='radio' radiotext='R' checktext='C'/>",
-       "  child type=6 checkText=\"C\" radioText=\"R\" radioOn=226 radioOff=227\n"},
+       "  child type=6 checkText=\"C\" radioText=\"R\"\n"},
       {"<CHILD checktext='C' radiotext='R' text='T'/><CHILD checktext='NONE' radiotext='none' text='None'/>",
        ""},
       {"<CHILD limitlength='0' decimal='0' showitemcount='9' select='False'/>",

@@ -1,7 +1,6 @@
 // Check marks and radio buttons.
 
 #include "geometry/hit_test.h"
-#include "interaction/cell_buttons.h"
 #include "interaction/check_cells.h"
 #include "tests/interaction/interaction_fixture.h"
 
@@ -47,53 +46,13 @@ TEST(CheckValues, Table) {
   }
 }
 
-TEST(CheckPlaces, MarksAndButtons) {
-  const Rect cell{100, 40, 200, 60};
-  struct Row {
-    CellKind kind;
-    std::int32_t align;
-    const char16_t* label;
-    Rect mark;  // 14 by 14 with a pixel of slack above and below
-  };
-  const Row table[] = {
-      {CellKind::Check, align::left, u"", {103, 42, 117, 58}},
-      {CellKind::Check, align::right, u"", {183, 42, 197, 58}},
-      {CellKind::Check, align::center, u"", {142, 42, 158, 58}},
-      {CellKind::Check, align::center, u"LABEL", {103, 42, 117, 58}},
-      {CellKind::Radio, align::centerCenter, u"", {142, 42, 158, 58}},
-      {CellKind::Radio, align::centerCenter, u"LABEL", {103, 42, 117, 58}},
-      {CellKind::Radio, align::right, u"LABEL", {183, 42, 197, 58}},
-      {CellKind::Edit, align::left, u"", {}},
-  };
-  for (const Row& row : table) {
-    ColumnRecord column;
-    column.child.type = row.kind;
-    column.child.checkBitmapOn = Glyph::CheckOn;
-    column.child.radioBitmapOn = Glyph::CheckOn;
-    column.view.align = row.align;
-    (row.kind == CellKind::Check ? column.child.checkText : column.child.radioText) = row.label;
-    EXPECT_EQ(markRect(column, cell), row.mark) << static_cast<int>(row.kind) << ' ' << row.align;
-  }
-  ColumnRecord column;
-  column.child.type = CellKind::Lookup;
-  EXPECT_EQ(buttonRect(column, cell), (Rect{183, 41, 200, 59}));
-  column.child.type = CellKind::Edit;
-  EXPECT_TRUE(buttonRect(column, cell).empty());
-  column.child.subType = EditKind::PopupFix;
-  EXPECT_FALSE(buttonRect(column, cell).empty());
-}
-
 // Column a holds numbers under a check mark, b texts, c numbers under radio buttons.
 class Marks : public GridTest {
  protected:
   Marks() {
     setColumns("a 0 60 0 20\nb 60 120 0 20\nc 120 180 0 20", [](GridTest& test) {
-      for (const char* id : {"a", "b"}) {
-        test.column(id).child.type = CellKind::Check;
-        test.column(id).child.checkBitmapOn = Glyph::CheckOn;
-      }
+      for (const char* id : {"a", "b"}) test.column(id).child.type = CellKind::Check;
       test.column("c").child.type = CellKind::Radio;
-      test.column("c").child.radioBitmapOn = Glyph::RadioOn;
     });
     setFormats({{u"a", columnInteger}, {u"b"}, {u"c", columnInteger}}, 3);
     for (std::int32_t row = 1; row <= 3; ++row) {

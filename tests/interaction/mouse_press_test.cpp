@@ -108,7 +108,6 @@ TEST_F(MousePress, TheHeadCheckHasItsOwnEvent) {
 TEST_F(MousePress, ACheckFlipsBeforeTheSelectionMoves) {
   ColumnRecord& check = column("c");
   check.child.type = CellKind::Check;
-  check.child.checkBitmapOn = check.child.checkBitmapOff = Glyph::CheckOn;
   check.view.align = align::leftCenter;
   parts.settings.DragDrop = drag_drop::block;
   services.inside[EventId::OnSelChanged] = [this] {

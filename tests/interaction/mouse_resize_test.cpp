@@ -1,4 +1,3 @@
-#include "interaction/column_moves.h"
 #include "interaction/column_resize.h"
 #include "mouse_fixture.h"
 

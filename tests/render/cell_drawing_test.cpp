@@ -1,6 +1,6 @@
-#include "render/cell_drawing.h"
+#include "cells/cell_drawing.h"
 
-#include "render/glyphs.h"
+#include "cells/glyphs.h"
 #include "render/paint_fixture.h"
 
 namespace tessera {

@@ -43,13 +43,11 @@ TEST_F(ColumnWidth, GroupRowsBringTheirMargins) {
 TEST_F(ColumnWidth, MarksAndPictures) {
   bind({u"V", u"L"}, {{u"a long text", u"abc"}, {u"0", u"abcd"}});
   column.child.type = CellKind::Check;
-  column.child.checkBitmapOn = Glyph::CheckOn;
-  column.child.checkBitmapOff = Glyph::CheckOff;
   EXPECT_EQ(width(), 14 + 3 + 15);
   column.child.checkText = u"L";
   EXPECT_EQ(width(), 14 + 3 + 28 + 15);
   column.child.type = CellKind::Radio;
-  EXPECT_EQ(width(), 3 + 15);
+  EXPECT_EQ(width(), 14 + 3 + 15);
 
   auto pictures = std::make_shared<FakeImageSet>();
   pictures->add("p", 40, 8);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "render/glyphs.h"
+#include "cells/glyphs.h"
 
 namespace tessera {
 

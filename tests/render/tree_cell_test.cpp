@@ -1,7 +1,6 @@
 #include <limits>
 
 #include "render/paint_fixture.h"
-#include "render/tree_layout.h"
 
 namespace tessera {
 namespace {
@@ -111,42 +110,6 @@ TEST_F(TreeCell, PlainGridHasNoTree) {
   config.tree.rowMode = RowMode::Plain;
   EXPECT_EQ(paintOnly("line"), Lines{});
   EXPECT_EQ(canvas.linesOf("text").front(), "text 3,3,97,17 at 47,3 000000 \"a\"");
-}
-
-TEST(TreeLayout, StaysWithinTheNumbers) {
-  constexpr std::int32_t least = std::numeric_limits<std::int32_t>::min();
-  TreeInfo tree;
-  RowNode node;
-  node.level = least;
-  const TreeLayout layout(tree, 3);
-  EXPECT_EQ(layout.lineX(least), least + 8);
-  EXPECT_EQ(layout.textLeft(node, true), least);
-}
-
-TEST(TreeLayout, Numbers) {
-  const struct {
-    std::int32_t icon, indent, thumb, margin, level;
-    RowState state;
-    std::int32_t step, lineX, textLeft;
-  } cases[] = {
-      {16, 5, 9, 3, 1, RowState::Collapsed, 17, 7, 21},  {16, 5, 9, 3, 2, RowState::Collapsed, 17, 25, 39},
-      {16, 5, 9, 3, 3, RowState::Collapsed, 17, 41, 56}, {16, 5, 9, 3, 3, RowState::Leaf, 17, 41, 52},
-      {16, 5, 10, 3, 1, RowState::Collapsed, 18, 8, 21}, {16, 5, 10, 3, 2, RowState::Collapsed, 18, 26, 39},
-      {10, 0, 11, 0, 2, RowState::Leaf, 10, 16, 18},
-  };
-  for (const auto& test : cases) {
-    TreeInfo tree;
-    tree.iconSize = test.icon;
-    tree.indentWidth = test.indent;
-    tree.thumbSize = test.thumb;
-    const TreeLayout layout(tree, test.margin);
-    RowNode node;
-    node.level = test.level;
-    node.state = test.state;
-    EXPECT_EQ(layout.step, test.step);
-    EXPECT_EQ(layout.lineX(test.level), test.lineX) << test.level;
-    EXPECT_EQ(layout.textLeft(node, true), test.textLeft) << test.level;
-  }
 }
 
 }  // namespace

@@ -3,21 +3,15 @@
 #include <algorithm>
 #include <tuple>
 
+#include "cells/cell_kinds.h"
+
 namespace tessera {
 
 namespace {
 
 bool showsText(const ColumnRecord& column) {
-  const ChildSpec& child = column.child;
-  switch (child.type) {
-    case CellKind::Check:
-    case CellKind::Radio:
-    case CellKind::Image:
-    case CellKind::Bar:
-      return false;
-    default:
-      return column.viewVisible && (child.inputType & input_type::password) == 0;
-  }
+  const bool isSecret = (column.child.inputType & input_type::password) != 0;
+  return kindOf(column).isText && column.viewVisible && !isSecret;
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "backends/qt/qt_text.h"
+#include "cells/cell_kinds.h"
 
 namespace tessera {
 
@@ -65,20 +66,18 @@ QString GridCommands::editCell() {
   const ColumnRecord* const column = focusColumn();
   if (!column) return noCell();
   if (!isEditable(*column)) return tr("This cell cannot be edited.");
-  switch (column->child.type) {
-    case CellKind::Edit:
+  const CellKindRow& kind = kindOf(*column);
+  switch (kind.editor) {
+    case CellEditor::Box:
       grid_.ActivateEdit();
       return {};
-    case CellKind::Combo:
-    case CellKind::Lookup:
+    case CellEditor::List:
       grid_.controllers().editors.list().open();
       return {};
-    case CellKind::Check:
-    case CellKind::Radio:
-      return tr("Enter sets this mark.");
-    default:
-      return tr("This cell cannot be edited.");
+    case CellEditor::None:
+      break;
   }
+  return kind.enter == CellAction::None ? tr("This cell cannot be edited.") : tr("Enter sets this mark.");
 }
 
 QString GridCommands::cellText(const ColumnRecord& column, std::int32_t row) const {
@@ -131,9 +130,7 @@ QString GridCommands::refusal() { return tr("The data does not take this text: t
 QString GridCommands::paste(const QString& text) {
   const ColumnRecord* const column = focusColumn();
   if (!column) return noCell();
-  if (column->child.type != CellKind::Edit || column->child.subType == EditKind::PopupFix ||
-      !isEditable(*column))
-    return tr("This cell takes no text.");
+  if (!column->child.isPopupEdit() || !isEditable(*column)) return tr("This cell takes no text.");
   const QString line = text.section('\n', 0, 0).remove('\r');
   if (line.isEmpty()) return tr("The clipboard has no text.");
   const QString before = storedText(*column);

@@ -6,8 +6,8 @@
 #include <optional>
 #include <string_view>
 
+#include "cells/draw_style.h"
 #include "platform/canvas.h"
-#include "render/draw_style.h"
 
 namespace tessera {
 

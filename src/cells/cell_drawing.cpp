@@ -1,9 +1,9 @@
-#include "render/cell_drawing.h"
+#include "cells/cell_drawing.h"
 
 #include <algorithm>
 
-#include "render/glyphs.h"
-#include "render/split_text.h"
+#include "cells/glyphs.h"
+#include "cells/split_text.h"
 
 namespace tessera {
 namespace {

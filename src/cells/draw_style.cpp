@@ -1,4 +1,4 @@
-#include "render/draw_style.h"
+#include "cells/draw_style.h"
 
 namespace tessera {
 

@@ -1,20 +1,13 @@
+// Bars whose length is the cell's value.
+
 #include <algorithm>
 
-#include "config/format_value.h"
-#include "render/cell_painters.h"
-#include "render/scratch_surface.h"
+#include "cells/cell_kinds.h"
+#include "cells/scratch_surface.h"
 #include "shared/compare.h"
 
 namespace tessera {
 namespace {
-
-std::u16string_view barTextOf(const PaintContext& context, const CellJob& job) {
-  if (job.column.child.barText.empty()) return job.text;
-  XValue& value = context.scratch.text.value;
-  context.model.link.valueByName(job.row.row.number, job.column.child.barText, value);
-  formatValue(job.column.view, value, context.model.eval, context.scratch.label);
-  return context.scratch.label;
-}
 
 // How much of the bar is filled; 0 for none.
 std::int32_t percentOf(const ChildSpec& child, std::u16string_view text) {
@@ -46,30 +39,45 @@ Rect filledPart(const Rect& inner, std::int32_t barAlign, std::int32_t percent) 
   }
 }
 
-}  // namespace
-
 // The text keeps its place and changes its colour where the bar covers it: the whole cell is drawn once more
 // in the bar's colours, and the filled part of that picture is copied over the cell. The bar itself is solid,
 // even where the cell lets a background image through.
-void paintBarCell(const PaintContext& context, const CellJob& job) {
-  const ChildSpec& child = job.column.child;
-  const std::u16string_view text = barTextOf(context, job);
-  DrawStyle style(job.column.view);
-  drawCell(context.target(), style, job.rect, text, job.clipLeft);
-
-  Rect filled = filledPart(style.inner(job.rect), child.barAlign, percentOf(child, job.text));
-  filled.left = std::max(filled.left, job.clipLeft);
-  const Size size = context.canvas.size();
-  filled = intersect(filled, {0, 0, size.width, size.height});
-  if (filled.empty()) return;
-
-  Canvas& surface = scratchSurface(context);
-  style.textColor = child.barColor;
-  style.backColor = child.barBackColor;
+void drawFilledPart(const CellTools& tools, const CellPlace& place, const Rect& filled,
+                    std::u16string_view text) {
+  const ColumnRecord& column = place.column;
+  Canvas& surface = scratchSurface(tools.canvas, tools.scratch.surface);
+  DrawStyle style(column.view);
+  style.textColor = column.child.barColor;
+  style.backColor = column.child.barBackColor;
   if ((style.imageMode & image_mode::blended) != 0) style.imageMode = image_mode::solid;
   if (style.imageMode != image_mode::solid) surface.fill(filled, screen().window);
-  drawCell({surface, context.model.eval}, style, job.rect, text, job.clipLeft);
-  context.canvas.blitSurface(filled, surface, filled.left, filled.top);
+  drawCell({surface, tools.texts.eval}, style, place.cell, text, place.clipLeft);
+  tools.canvas.blitSurface(filled, surface, filled.left, filled.top);
 }
+
+bool paintBar(const CellTools& tools, const CellJob& job) {
+  const ColumnRecord& column = job.place.column;
+  const ChildSpec& child = column.child;
+  std::u16string_view text = job.text;
+  if (!child.barText.empty()) {
+    textOfColumn(tools.texts, column, job.place.row.row.number, child.barText, tools.scratch.label);
+    text = tools.scratch.label;
+  }
+  const DrawStyle style(column.view);
+  drawCell(tools.target(), style, job.place.cell, text, job.place.clipLeft);
+
+  Rect filled = filledPart(style.inner(job.place.cell), child.barAlign, percentOf(child, job.text));
+  filled.left = std::max(filled.left, job.place.clipLeft);
+  const Size size = tools.canvas.size();
+  filled = intersect(filled, {0, 0, size.width, size.height});
+  if (!filled.empty()) drawFilledPart(tools, job.place, filled, text);
+  return true;
+}
+
+std::optional<std::int32_t> barWidth(const WidthJob& job) { return job.textWidth(); }
+
+}  // namespace
+
+const CellFace barFace{nullptr, paintBar, barWidth};
 
 }  // namespace tessera

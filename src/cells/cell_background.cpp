@@ -3,8 +3,8 @@
 #include <optional>
 #include <span>
 
-#include "render/cell_drawing.h"
-#include "render/glyphs.h"
+#include "cells/cell_drawing.h"
+#include "cells/glyphs.h"
 
 namespace tessera {
 namespace {

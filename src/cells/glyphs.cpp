@@ -1,4 +1,4 @@
-#include "render/glyphs.h"
+#include "cells/glyphs.h"
 
 #include <array>
 #include <span>

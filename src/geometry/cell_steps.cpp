@@ -1,29 +1,13 @@
-#include "interaction/cell_steps.h"
+#include "geometry/cell_steps.h"
 
 #include <algorithm>
 
-#include "geometry/column_edges.h"
+#include "geometry/column_finders.h"
 
 namespace tessera {
 namespace {
 
-constexpr std::int32_t walkLimit = 65536;  // no column lies further out
-
 const Rect& viewOf(ColumnPosition column) { return column->value().view.rect; }
-
-// The first column that `counts` and that no other one is `better` than.
-template <class Counts, class Better>
-ColumnPosition best(ColumnList& columns, Counts counts, Better better) {
-  ColumnPosition found = nullptr;
-  for (auto it = columns.begin(); it != columns.end(); ++it) {
-    if (!counts(*it)) continue;
-    if (!found || better(it->view.rect, viewOf(found))) found = it.position();
-  }
-  return found;
-}
-
-bool endsFurtherRight(const Rect& a, const Rect& b) { return a.right > b.right; }
-bool startsFurtherLeft(const Rect& a, const Rect& b) { return a.left < b.left; }
 
 }  // namespace
 
@@ -51,7 +35,7 @@ bool CellSteps::stepsIntoFixed(const Cell& from) const {
   if (from.column->value().header.fix) return true;
   if (!metrics_.AnyFixed) return false;
   const std::int32_t x = viewOf(from.column).left;
-  const ColumnPosition nearest = best(
+  const ColumnPosition nearest = bestColumn(
       columns_,
       [&](const ColumnRecord& column) { return onLine(column, from.line) && column.view.rect.right <= x; },
       endsFurtherRight);
@@ -70,7 +54,8 @@ std::optional<Cell> CellSteps::left(const Cell& from, bool wrap) const {
     if (!onLine(column, from.line) || column.view.rect.right > x) return false;
     return column.header.fix ? intoFixed : !fromFixed;
   };
-  if (ColumnPosition next = best(columns_, counts, endsFurtherRight)) return Cell{from.row, next, from.line};
+  if (ColumnPosition next = bestColumn(columns_, counts, endsFurtherRight))
+    return Cell{from.row, next, from.line};
   if (!wrap) return std::nullopt;
   Row row = from.row;
   std::int32_t line = from.line;
@@ -90,7 +75,8 @@ std::optional<Cell> CellSteps::right(const Cell& from, bool wrap) const {
   const auto counts = [&](const ColumnRecord& column) {
     return onLine(column, from.line) && column.view.rect.left >= x;
   };
-  if (ColumnPosition next = best(columns_, counts, startsFurtherLeft)) return Cell{from.row, next, from.line};
+  if (ColumnPosition next = bestColumn(columns_, counts, startsFurtherLeft))
+    return Cell{from.row, next, from.line};
   if (!wrap) return std::nullopt;
   Row row = from.row;
   std::int32_t line = from.line;
@@ -106,7 +92,7 @@ std::optional<Cell> CellSteps::right(const Cell& from, bool wrap) const {
 }
 
 ColumnPosition CellSteps::rightmost(std::int32_t line) const {
-  return best(
+  return bestColumn(
       columns_, [&](const ColumnRecord& column) { return onLine(column, line); }, endsFurtherRight);
 }
 
@@ -116,7 +102,7 @@ ColumnPosition CellSteps::leftmost(std::int32_t line) const {
   const auto counts = [&](const ColumnRecord& column) {
     return onLine(column, line) && (column.header.fix || !fixedOnly);
   };
-  return best(columns_, counts, startsFurtherLeft);
+  return bestColumn(columns_, counts, startsFurtherLeft);
 }
 
 bool CellSteps::lineHasFixed(std::int32_t line) const {
@@ -169,35 +155,20 @@ CellSteps::VerticalStep CellSteps::down(const Cell& from) const {
 CellSteps::VerticalStep CellSteps::below(const Cell& from, Row row, std::int32_t line) const {
   const bool fixed = from.column->value().header.fix;
   const std::int32_t x = viewOf(from.column).left;
-  for (auto it = columns_.begin(); it != columns_.end(); ++it) {
-    const Rect& view = it->view.rect;
-    if (it->header.fix != fixed || !onLine(*it, line) || x < view.left || x >= view.right) continue;
-    return {Vertical::Found, {row, it.position(), line}};
-  }
-  return {};
+  const ColumnPosition found = firstColumn(columns_, [&](const ColumnRecord& column) {
+    const Rect& view = column.view.rect;
+    return column.header.fix == fixed && onLine(column, line) && x >= view.left && x < view.right;
+  });
+  if (!found) return {};
+  return {Vertical::Found, {row, found, line}};
 }
 
-// A column further left moves the limit for all that follow, on whichever line it stands.
 ColumnPosition CellSteps::home(std::int32_t line) const {
-  ColumnPosition found = nullptr;
-  std::int32_t limit = walkLimit;
-  for (auto it = columns_.begin(); it != columns_.end(); ++it) {
-    if (!it->viewVisible || it->view.rect.left > limit) continue;
-    limit = it->view.rect.left;
-    if (onLine(*it, line)) found = it.position();
-  }
-  return found;
+  return leftmostColumn(columns_, [&](const ColumnRecord& column) { return onLine(column, line); });
 }
 
 ColumnPosition CellSteps::end(std::int32_t line) const {
-  ColumnPosition found = nullptr;
-  std::int32_t limit = -walkLimit;
-  for (auto it = columns_.begin(); it != columns_.end(); ++it) {
-    if (!it->viewVisible || it->view.rect.right < limit) continue;
-    limit = it->view.rect.right;
-    if (onLine(*it, line)) found = it.position();
-  }
-  return found;
+  return rightmostColumn(columns_, [&](const ColumnRecord& column) { return onLine(column, line); });
 }
 
 }  // namespace tessera

@@ -1,9 +1,10 @@
 // Steps from cell to cell, as tables.
 
+#include "geometry/cell_steps.h"
+
 #include <gtest/gtest.h>
 #include <sstream>
 
-#include "interaction/cell_steps.h"
 #include "tests/geometry/columns_of.h"
 
 namespace tessera::test {

@@ -1,4 +1,4 @@
-#include "render/split_text.h"
+#include "cells/split_text.h"
 
 #include <string>
 
