@@ -1,7 +1,8 @@
 // Runs the transcripts of this folder and compares what the console says. With TESSERA_REWRITE=1 in the
 // environment they are rewritten, to be read before they are kept. A transcript is shorter than what the
-// console says: a command without a reply was answered with `ok`, events that follow each other share a line,
-// equal lines are counted as in `OnChar() (x 3)`, and rows that are alike are told of as `row 1-6 ...`.
+// console says: a command without a reply was answered with `ok`, a value stands behind its command, events
+// that follow each other share a line, equal lines are counted as in `OnChar() (x 3)`, and rows that are
+// alike are told of as `row 1-6 ...`.
 
 #include <cstdio>
 #include <cstdlib>
@@ -17,6 +18,7 @@ namespace tessera {
 namespace {
 
 constexpr std::string_view formMark = "# form ";
+constexpr std::string_view valueMark = "  = ";  // between a command and the value that it gave
 
 // Lines with "#" are remarks and stand before a command; the first one names the form.
 struct Recorded {
@@ -39,7 +41,7 @@ Recorded parseTranscript(const std::vector<std::string>& lines) {
     }
     recorded.lines.push_back(line);
     if (!isCommand(line)) continue;
-    recorded.commands += line.substr(2) + "\n";
+    recorded.commands += line.substr(2, line.find(valueMark) - 2) + "\n";
     recorded.remarks.emplace_back();
   }
   return recorded;
@@ -55,6 +57,12 @@ std::vector<std::string> withoutRepeats(const std::vector<std::string>& lines) {
     if (lines[i] != "ok") result.push_back(lines[i] + countOf(static_cast<int>(next - i)));
   }
   return result;
+}
+
+bool joinValue(std::string& last, const std::string& line) {
+  if (!isCommand(last) || !line.starts_with("= ")) return false;
+  last += "  " + line;
+  return true;
 }
 
 // One line of events after the other at the same depth.
@@ -83,9 +91,10 @@ bool joinRows(std::string& last, const std::string& line) {
 std::vector<std::string> folded(const std::vector<std::string>& lines) {
   std::vector<std::string> result;
   for (const std::string& line : withoutRepeats(lines)) {
-    if (result.empty() || !(joinEvents(result.back(), line) || joinRows(result.back(), line))) {
-      result.push_back(line);
-    }
+    const bool isJoined =
+        !result.empty() &&
+        (joinValue(result.back(), line) || joinEvents(result.back(), line) || joinRows(result.back(), line));
+    if (!isJoined) result.push_back(line);
   }
   return result;
 }
@@ -174,12 +183,13 @@ TEST(EditingGuide, SaysWhatTheConsoleSays) {
 
 TEST(Transcripts, FoldWhatTheConsoleSays) {
   const std::vector<std::string> lines = splitLines(
-      "> a\nok\n> b\n! E(1)\n! F()\n! F()\n  ! G()\n  ! G()\n  ok\n! E(1)\nok\n> b\n> b\nrow 9 up\nrow "
+      "> a\nok\n> b\n! E(1)\n! F()\n! F()\n  ! G()\n  ! G()\n  ok\n! E(1)\nok\n> b\n= 1\n> b\nrow 9 up\nrow "
       "10 up\nrow 11 up\nrow 12 down\nrow 14 down\nerror: ok\n");
   EXPECT_EQ(
       folded(lines),
-      splitLines("> a\n> b\n! E(1); F() (x 2)\n  ! G() (x 2)\n  ok\n! E(1)\n> b\n> b\nrow 9-11 up\nrow 12 "
-                 "down\nrow 14 down\nerror: ok\n"));
+      splitLines(
+          "> a\n> b\n! E(1); F() (x 2)\n  ! G() (x 2)\n  ok\n! E(1)\n> b  = 1\n> b\nrow 9-11 up\nrow 12 "
+          "down\nrow 14 down\nerror: ok\n"));
 }
 
 TEST(UnifiedDiff, ShowsChangesWithTheirSurroundings) {
