@@ -173,25 +173,6 @@ TEST(EditLine, FindsWords) {
   EXPECT_EQ(empty.end(), 0);
 }
 
-TEST(HeadlessMenus, AnswerOnceAndOnlyWhatCanBePicked) {
-  const std::vector<PopupMenuItem> items = {{false, true, u"Cut", 1, {}},
-                                            {false, false, u"Copy", 2, {}},
-                                            {true, true, u"", 3, {}},
-                                            {false, true, u"More", 4, {{false, true, u"Sort", 5, {}}}},
-                                            {false, false, u"Off", 6, {{false, true, u"In", 7, {}}}}};
-  struct Row {
-    std::int32_t answer;
-    std::int32_t picked;
-  };
-  for (const Row& row :
-       {Row{1, 1}, Row{2, 0}, Row{3, 0}, Row{4, 0}, Row{5, 5}, Row{6, 0}, Row{7, 0}, Row{8, 0}}) {
-    HeadlessMenus menus;
-    menus.answerNext(row.answer);
-    EXPECT_EQ(menus.track(items), row.picked) << row.answer;
-    EXPECT_EQ(menus.track(items), 0);
-  }
-}
-
 TEST(KeyNames, GiveCodes) {
   struct Row {
     std::u16string_view name;
@@ -202,122 +183,6 @@ TEST(KeyNames, GiveCodes) {
                       {u"1000", {}}, {u"F1", 112},      {u"f12", 123},   {u"F0", {}},   {u"F13", {}},
                       {u"F", 70},    {u"", {}},         {u"-", {}},      {u"1x", {}},   {u"Fx", {}}};
   for (const Row& row : rows) EXPECT_EQ(keyOfName(row.name), row.code) << XString(row.name).toUtf8();
-}
-
-// A list that is destroyed with its owner's first answer.
-class ListOwner : public ListBoxOwner {
- public:
-  void listKeyDown(std::int32_t) override { told("down"); }
-  void listKeyDone(std::int32_t) override { told("done"); }
-  void listCharDone(char16_t) override { told("char"); }
-  void listClicked() override { told("clicked"); }
-  void listFocusLost() override { told("lost"); }
-
-  std::unique_ptr<ListBox> list;
-  std::string goesWith;
-  Lines lines;
-
- private:
-  void told(const std::string& what) {
-    lines.push_back(what);
-    if (what == goesWith) list.reset();
-  }
-};
-
-class ListTest : public testing::Test {
- protected:
-  void open(const std::string& goesWith = {}) {
-    owner.goesWith = goesWith;
-    owner.lines.clear();
-    owner.list = window.createListBox(owner);
-    list().setItems({u"apple", u"Apricot", u"banana", u"cherry", u"", u"avocado"});
-    list().place({10, 10, 90, 10 + 2 + 2 * list().itemHeight()});
-    list().show(true);
-    list().setFocus();
-  }
-  HeadlessListBox& list() { return *window.list(); }
-
-  HeadlessWindow window{{100, 100}, [](Canvas&) {}};
-  HeadlessInput input{window.desktop(), {}};
-  ListOwner owner;
-};
-
-TEST_F(ListTest, ChoosesByKeyAndCharacter) {
-  struct Row {
-    std::int32_t start;
-    std::int32_t key;  // 0: type `character`
-    char16_t character;
-    std::int32_t chosen;
-  };
-  const Row rows[] = {{-1, 40, 0, 0},  {5, 40, 0, 5},   {0, 38, 0, 0},    {-1, 38, 0, 0},
-                      {2, 36, 0, 0},   {2, 35, 0, 5},   {2, 34, 0, 3},    {2, 33, 0, 1},
-                      {-1, 34, 0, 1},  {2, 65, 0, 2},   {-1, 0, u'a', 0}, {0, 0, u'a', 1},
-                      {1, 0, u'A', 5}, {5, 0, u'a', 0}, {3, 0, u'x', 3},  {3, 0, u'c', 3}};
-  for (const Row& row : rows) {
-    open();
-    list().choose(row.start);
-    if (row.key) {
-      input.key(row.key, {});
-    } else {
-      input.character(row.character);
-    }
-    EXPECT_EQ(list().chosen(), row.chosen) << row.start << " " << row.key << " " << int{row.character};
-  }
-}
-
-TEST_F(ListTest, FollowsThePointer) {
-  open();
-  list().choose(3);
-  const std::int32_t height = list().itemHeight();
-  input.mouse(MouseAction::Move, {20, 11 + height}, {});
-  EXPECT_EQ(list().chosen(), 4);
-  input.wheel({20, 11}, 120);
-  input.mouse(MouseAction::Move, {20, 11}, {});
-  EXPECT_EQ(list().chosen(), 0);
-  input.mouse(MouseAction::Move, {95, 11 + height}, {});
-  EXPECT_EQ(list().chosen(), 0);
-  input.mouse(MouseAction::LeftDown, {20, 11 + height}, {});
-  EXPECT_EQ(list().chosen(), 1);
-  EXPECT_EQ(owner.lines, Lines{"clicked"});
-  list().setItems({});
-  input.mouse(MouseAction::Move, {20, 11}, {});
-  input.key(40, {});
-  input.character(u'a');
-  EXPECT_EQ(list().chosen(), -1);
-}
-
-// A window that is disabled takes its children with it.
-TEST_F(ListTest, HasNoFocusWhileItsWindowIsDisabled) {
-  open();
-  ASSERT_TRUE(list().hasFocus());
-  window.setEnabled(false);
-  EXPECT_FALSE(list().hasFocus());
-  EXPECT_EQ(owner.lines, Lines{"lost"});
-  list().setFocus();
-  EXPECT_FALSE(list().hasFocus());
-  window.setEnabled(true);
-  list().setFocus();
-  EXPECT_TRUE(list().hasFocus());
-}
-
-TEST_F(ListTest, MayGoInEveryCall) {
-  open("down");
-  input.key(40, {});
-  EXPECT_EQ(owner.lines, Lines{"down"});
-  open("done");
-  input.key(40, {});
-  EXPECT_EQ(owner.lines, (Lines{"down", "done"}));
-  open("char");
-  input.character(u'a');
-  EXPECT_EQ(owner.lines, Lines{"char"});
-  open("clicked");
-  input.mouse(MouseAction::LeftDown, {20, 20}, {});
-  EXPECT_EQ(owner.lines, Lines{"clicked"});
-  open("lost");
-  input.focusOut();
-  EXPECT_EQ(owner.lines, Lines{"lost"});
-  EXPECT_EQ(window.desktop().focus.holder(), nullptr);
-  EXPECT_EQ(window.list(), nullptr);
 }
 
 TEST(HeadlessInput, SendsWhatAPlatformWouldSend) {
@@ -396,24 +261,6 @@ TEST(HeadlessInput, KeysInsideKeys) {
   inside = [&] { input.focusOut(); };
   input.key(65, {});
   EXPECT_EQ(grids, (std::vector<bool>{true, false}));
-}
-
-TEST(HeadlessWindow, KeepsTheThumbOnItsBar) {
-  HeadlessWindow window({100, 100}, [](Canvas&) {});
-  window.setBarRange(Bar::Vertical, {1, 10, 4, 1});
-  struct Row {
-    std::uint64_t word;
-    std::int32_t place;
-  };
-  const Row rows[] = {{5 | 3 << 16, 3}, {4 | 7 << 16, 7}, {5 | 8 << 16, 7},
-                      {5, 1},           {4 | 6 << 16, 6}, {1 | 2 << 16, 6}};
-  for (const Row& row : rows) {
-    window.send(277, row.word, 0);
-    EXPECT_EQ(window.trackingPosition(Bar::Vertical), row.place) << row.word;
-  }
-  window.setBarRange(Bar::Horizontal, {1, 5, 9, 1});
-  window.send(276, 5 | std::uint64_t{4} << 16, 0);
-  EXPECT_EQ(window.trackingPosition(Bar::Horizontal), 1);
 }
 
 }  // namespace

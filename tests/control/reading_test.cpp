@@ -1,15 +1,16 @@
 // A data set may have news in the middle of any of its answers.
 
 #include <functional>
+#include <gtest/gtest.h>
 
+#include "backends/headless/headless_window.h"
+#include "backends/native/xml_document_reader.h"
+#include "control/tessera.h"
 #include "support/fake_data_set.h"
-#include "support/recording_canvas.h"
-#include "tests/control/control_fixture.h"
+#include "support/one_object_site.h"
 
 namespace tessera {
 namespace {
-
-using namespace test;
 
 // Does something once, in the answer of a given number.
 class NewsyDataSet : public FakeDataSet {
@@ -73,46 +74,95 @@ class NewsyDataSet : public FakeDataSet {
     FakeDataSet::FindRow(name, value, row);
     answered();
   }
+  void SetRowSelected(std::int32_t row, std::int32_t flag) override {
+    FakeDataSet::SetRowSelected(row, flag);
+    answered();
+  }
+  void SetValue(std::int32_t row, std::int32_t column, const XValue& value) override {
+    FakeDataSet::SetValue(row, column, value);
+    answered();
+  }
+  void ApplySort() override { answered(); }
 
- private:
   void answered() {
     if (++answers == newsAt) news();
   }
 };
 
-class Reading : public ControlTest {
+// Has the data set of the lookup only after the columns were set.
+class LateSite : public OneObjectSite {
+ public:
+  explicit LateSite(std::shared_ptr<NewsyDataSet> data) : OneObjectSite(data), data_(std::move(data)) {}
+  std::shared_ptr<Component> getObject(const XString& id) const override {
+    if (id == u"late" && !hasLate) return nullptr;
+    data_->answered();
+    return data_;
+  }
+  bool hasLate = false;
+
+ private:
+  std::shared_ptr<NewsyDataSet> data_;
+};
+
+class Reading : public ::testing::Test {
  public:
   static constexpr const char16_t* columns =
       u"<GRID><COLUMN id=\"a\" refcolid=\"A\"><HEADER left=\"0\" right=\"80\" top=\"0\" bottom=\"20\"/>"
-      u"<VIEW left=\"0\" right=\"80\" top=\"0\" bottom=\"20\" color=\"@IIF(A>2,1,2)\"/></COLUMN>"
+      u"<VIEW left=\"0\" right=\"80\" top=\"0\" bottom=\"20\" color=\"@IIF(A>2,1,2)\"/>"
+      u"<CHILD type=\"radio\"/></COLUMN>"
       u"<COLUMN id=\"b\" refcolid=\"B\"><HEADER left=\"80\" right=\"160\" top=\"0\" bottom=\"20\"/>"
       u"<VIEW left=\"80\" right=\"160\" top=\"0\" bottom=\"20\"/>"
       u"<SUPPRESS><REFCOLID>a</REFCOLID></SUPPRESS>"
-      u"<CHILD type=\"lookup\" dataid=\"data\" code=\"B\" text=\"A\"/></COLUMN></GRID>";
+      u"<CHILD type=\"lookup\" lookupdataid=\"late\" lookupcode=\"B\" lookuptext=\"A\"/></COLUMN></GRID>";
 
-  Reading() { window.surface = std::make_unique<RecordingCanvas>(Size{200, 120}); }
-
-  // All that reads: the opening, paints in both selection modes, presses, texts and widths.
+  // All that reads and marks: the opening, paints in both selection modes, presses, keys, texts, widths, a
+  // sort.
   void live() {
     data = std::make_shared<NewsyDataSet>();
-    site.objects["data"] = data;
     data->newsAt = newsAt;
     data->news = [this] { news(*this); };
+    site = std::make_unique<LateSite>(data);
+    control.setClientSite(site.get());
     control.put_IndicatorInfo(u"<INDICATOR width=\"20\"/>");
     control.put_DataID(u"data");
     control.put_ColumnInfo(columns);
-    control.windowCreated(window);
+    openWindow();
     paint();
+    site->hasLate = true;
     press(100, 50);
+    control.HandleMessage(256, 13, 0);  // its list
+    press(100, 70);
+    press(60, 30);  // a radio button
+    control.HandleMessage(256, 40, 0);
     press(5, 30);  // whole rows
+    desktop->modifiers.control = true;
+    press(5, 50);
+    press(5, 30);
+    desktop->modifiers = {false, true};
+    press(5, 90);
+    desktop->modifiers = {};
+    control.HandleMessage(256, 40, 0);
     paint();
+    control.put_RowPosition(1);
+    control.put_ColumnPosition(u"b");
+    control.put_ColumnPosition(u"");
     XString text;
     control.get_GetText(u"b", 2, 3, text);
     control.FitArrange();
     if (control.parts().window) control.windowResized();
+    press(30, 10);  // a header
     paint();
   }
-  void paint() { control.onDraw(canvas); }
+  void openWindow() {
+    window = std::make_unique<HeadlessWindow>(
+        Size{200, 120}, [](Canvas&) {}, desktop);
+    control.windowCreated(*window);
+  }
+  void closeWindow() {
+    if (control.parts().window) control.windowDestroyed();
+    window->close();
+  }
+  void paint() { control.onDraw(window->canvas()); }
   void press(std::int64_t x, std::int64_t y) {
     for (const std::uint32_t message : {513u, 514u}) control.HandleMessage(message, 1, y << 16 | x);
   }
@@ -121,16 +171,20 @@ class Reading : public ControlTest {
     data->newsAt = 0;
     control.put_DataID(u"");
     control.put_DataID(u"data");
-    if (!control.parts().window) control.windowCreated(window);
+    if (!control.parts().window) openWindow();
     paint();
     EXPECT_EQ(control.parts().rows.displayCount(), static_cast<std::int32_t>(data->rows.size()));
     EXPECT_EQ(control.parts().config.columns.count(), 2);
   }
 
+  XmlDocumentReader documents;
+  std::shared_ptr<HeadlessDesktop> desktop = std::make_shared<HeadlessDesktop>();
+  std::unique_ptr<HeadlessWindow> window;
+  std::unique_ptr<LateSite> site;
   std::shared_ptr<NewsyDataSet> data;
   std::int32_t newsAt = 0;
   std::function<void(Reading&)> news;
-  RecordingCanvas canvas{{200, 120}};
+  Tessera control{Ports{documents}};
 
   static const std::vector<std::pair<const char*, std::function<void(Reading&)>>>& deeds() {
     static const std::vector<std::pair<const char*, std::function<void(Reading&)>>> all = {
@@ -167,7 +221,7 @@ TEST_F(Reading, NewsInEveryAnswer) {
   live();
   const std::int32_t answers = data->answers;
   ASSERT_GT(answers, 100);
-  control.windowDestroyed();
+  closeWindow();
   for (const auto& [name, deed] : deeds()) {
     for (newsAt = 1; newsAt <= answers; ++newsAt) {
       control.put_DataID(u"");
@@ -176,7 +230,7 @@ TEST_F(Reading, NewsInEveryAnswer) {
       live();
       expectSound();
       ASSERT_FALSE(HasFailure()) << name << " in answer " << newsAt;
-      control.windowDestroyed();
+      closeWindow();
     }
   }
 }

@@ -1,15 +1,47 @@
 #include "geometry/column_edges.h"
 
 #include <gtest/gtest.h>
+#include <sstream>
+#include <string>
 
 #include "geometry/grid_metrics.h"
-#include "tests/geometry/columns_of.h"
+#include "shared/utf.h"
 
 namespace tessera {
 namespace {
 
-using test::columnsOf;
-using test::headersOf;
+// One column a line: "ID left right top bottom [fix] [hidden]": header and view have the same left and right,
+// the header is 20 high, the view stands from top to bottom.
+ColumnList columnsOf(const std::string& text) {
+  ColumnList columns;
+  std::istringstream lines(text);
+  for (std::string line; std::getline(lines, line);) {
+    std::istringstream words(line);
+    std::string id;
+    ColumnRecord column;
+    Rect& view = column.view.rect;
+    if (!(words >> id >> view.left >> view.right >> view.top >> view.bottom)) continue;
+    column.id = XString::fromNarrow(id);
+    column.refColumnId = column.id;
+    column.header.rect = {view.left, 0, view.right, 20};
+    for (std::string word; words >> word;) {
+      if (word == "fix") column.header.fix = true;
+      if (word == "hidden") column.viewVisible = false;
+    }
+    columns.addTail(column);
+  }
+  return columns;
+}
+
+// "ID:left-right" of every header, in list order.
+std::string headersOf(const ColumnList& columns) {
+  std::ostringstream text;
+  for (const ColumnRecord& column : columns) {
+    text << (text.tellp() > 0 ? " " : "") << utf8FromUtf16(column.id) << ':' << column.header.rect.left << '-'
+         << column.header.rect.right;
+  }
+  return text.str();
+}
 
 TEST(GridMetrics, MeasuresTheTemplate) {
   struct Case {
@@ -35,29 +67,6 @@ TEST(GridMetrics, MeasuresTheTemplate) {
     EXPECT_EQ(metrics.HeaderHeight, c.headerHeight) << c.columns;
     EXPECT_EQ(metrics.LineTops, c.lineTops) << c.columns;
   }
-}
-
-TEST(GridMetrics, SpanningHeaderTiesColumnsIntoTheFixedZone) {
-  ColumnList columns = columnsOf("a 0 50 0 20 fix\nspan 40 120 0 20\nb 50 120 0 20\nc 120 200 0 20");
-  GridMetrics metrics;
-  metrics.closeFixedZone(columns);
-  std::string fixed;
-  for (const ColumnRecord& column : columns) {
-    if (column.header.fix) fixed += utf8FromUtf16(column.id) + " ";
-  }
-  EXPECT_EQ(fixed, "a span b ");
-  EXPECT_TRUE(metrics.AnyFixed);
-}
-
-TEST(GridMetrics, RoomForTheIndicatorMovesByTheDifference) {
-  ColumnList columns = columnsOf("a 0 50 0 20\nb 50 90 0 20 fix");
-  GridMetrics metrics;
-  metrics.makeRoomForIndicator(columns, 16);
-  EXPECT_EQ(headersOf(columns), "a:16-66 b:66-106");
-  metrics.makeRoomForIndicator(columns, 24);
-  EXPECT_EQ(headersOf(columns), "a:24-74 b:74-114");
-  metrics.makeRoomForIndicator(columns, -30);
-  EXPECT_EQ(headersOf(columns), "a:0-50 b:50-90");
 }
 
 TEST(ColumnEdges, PushesEdgesUntilNothingStraddles) {

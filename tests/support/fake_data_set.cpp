@@ -78,7 +78,6 @@ void FakeDataSet::GetRowSelected(std::int32_t row, std::int32_t& flag) {
 
 void FakeDataSet::SetRowSelected(std::int32_t row, std::int32_t flag) {
   if (Row* line = rowAt(row)) line->selected = flag;
-  if (whenFlagged) whenFlagged(row);
 }
 
 void FakeDataSet::GetValue(std::int32_t row, std::int32_t column, XValue& value) {

@@ -2,20 +2,18 @@
 
 #pragma once
 
-#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include <tessera/data_set_control.h>
-
 #include "binding/data_link.h"
+#include "support/null_data_set.h"
 
 namespace tessera {
 
 // Rows of values under column names. Aggregates and row operations do nothing; everything else answers as a
 // data set does.
-class FakeDataSet : public DataSetControl {
+class FakeDataSet : public NullDataSet {
  public:
   struct Row {
     std::vector<XValue> values;
@@ -28,18 +26,12 @@ class FakeDataSet : public DataSetControl {
   std::vector<XString> columns;
   std::vector<Row> rows;
   std::int32_t currentRow = 1;
-  std::function<void(std::int32_t row)> whenFlagged;  // in the middle of SetRowSelected
 
   FakeDataSet() = default;
   // Rows of texts; an empty text is a value all the same.
   FakeDataSet(std::vector<XString> names, const std::vector<std::vector<const char16_t*>>& texts);
 
   void GetID(XString& result) override { result = id; }
-  void GetKeepDeleted(VariantBool& flag) override { flag = VARIANT_FALSE; }
-  void GetSubsumExpr(XString& text) override { text.assign({}); }
-  void GetSortExpr(XString& text) override { text.assign({}); }
-  void SetSortExpr(const XString&) override {}
-  void ApplySort() override {}
 
   void GetColumnIndex(const XString& name, std::int32_t& column) override;
   void GetColumnCount(std::int32_t& count) override { count = static_cast<std::int32_t>(columns.size()); }
@@ -66,21 +58,10 @@ class FakeDataSet : public DataSetControl {
   void GetCurrentRow(std::int32_t& row) override { row = currentRow; }
   void SetCurrentRow(std::int32_t row) override { currentRow = row; }
 
-  void SumRange(std::int32_t, std::int32_t, std::int32_t, XValue& value) override { value.setEmpty(); }
-  void MaxRange(std::int32_t, std::int32_t, std::int32_t, XValue& value) override { value.setEmpty(); }
-  void MinRange(std::int32_t, std::int32_t, std::int32_t, XValue& value) override { value.setEmpty(); }
-  void AverageRange(std::int32_t, std::int32_t, std::int32_t, XValue& value) override { value.setEmpty(); }
-  void RealCount(std::int32_t, std::int32_t, std::int32_t& count) override { count = 0; }
-  void GroupStart(std::int32_t, std::int32_t, std::int32_t& result) override { result = 0; }
-  void GroupEnd(std::int32_t, std::int32_t, std::int32_t& result) override { result = 0; }
-  void AdjacentRow(std::int32_t, std::int32_t, std::int32_t& result) override { result = 0; }
   void FindRow(const XString& name, const XString& value, std::int32_t& row) override;
 
-  void CommitRows() override {}
   std::int32_t InsertRow(std::int32_t row) override { return row; }
-  void DeleteRow(std::int32_t) override {}
   HResult Advise(DataSetNotifications*, std::int32_t) override { return S_OK; }
-  void Unadvise(DataSetNotifications*) override {}
 
  private:
   Row* rowAt(std::int32_t row);
