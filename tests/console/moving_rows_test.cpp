@@ -77,6 +77,7 @@ TEST(MovingRows, AnEditedTextFindsItsRow) {
       {"rows at the end", Kind::Plain, 3, [](MemoryDataSet& rows) { rows.appendRows(1); }, true,
        "1 2 typed 4 "},
       {"fewer rows", Kind::Plain, 3, cut, false, "1 2 3 4"},
+      {"fewer rows behind it", Kind::Plain, 2, cut, true, "1 typed 3 4"},
       {"rows change places", Kind::Plain, 3, sort, false, "4 3 2 1"},
       {"the current row moves", Kind::Plain, 3, moveTo(1), false, "1 2 typed 4"},
       {"the current row is none", Kind::Plain, 3, tell(9), false, "1 2 typed 4"},
@@ -106,6 +107,7 @@ TEST(MovingRows, AChoiceFindsItsRow) {
       {"the rows are made anew", Kind::Grouped, 5, remove(1), false, "2  3  4 "},
       {"rows change places", Kind::Plain, 3, sort, false, "4 3 2 1"},
       {"fewer rows", Kind::Plain, 3, cut, false, "1 2 3 4"},
+      {"fewer rows behind it", Kind::Plain, 2, cut, true, "1 typed 3 4"},
   };
   for (const EditRow& row : table) {
     SCOPED_TRACE(row.what);

@@ -192,12 +192,9 @@ void expectSound(Session& session, const std::string& deed) {
 void expectAlive(Session& session) {
   if (!session.host().window()) session.run("window create");
   session.run(
-      "put Enable true; put DataID cities; put ColumnInfo @editors.columns.xml; size 680 121; focus out; "
-      "focus in; "
-      "put ColumnPosition name; data cities SetCurrentRow 1; put RowPosition 2; put RowPosition 1");
-  session.run(
-      "put ColumnInfo \"<GRID><COLUMN id='t' refcolid='TITLE'><HEADER right='70' bottom='20'/>"
-      "<VIEW right='70' bottom='20'/><CHILD type='edit'/></COLUMN></GRID>\"");
+      "put Enable true; put DataID cities; put ColumnInfo \"<GRID><COLUMN id='t' refcolid='TITLE'>"
+      "<HEADER right='70' bottom='20'/><VIEW right='70' bottom='20'/><CHILD type='edit'/></COLUMN></GRID>\"; "
+      "size 680 121; focus out; focus in; data cities SetCurrentRow 1");
   session.run("put ColumnPosition t; data cities SetCurrentRow 3");
   EXPECT_EQ(
       session.run("show"),

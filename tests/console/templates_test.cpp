@@ -186,6 +186,8 @@ TEST(Templates, Commands) {
        "put ColumnPosition wide", "a:-84-16 wide:16-816 c:816-916", ""},
       {"a wider window", fiveColumns, 266, "put ColumnPosition e; size 466 101",
        "a:-84-16 b:16-116 c:116-216 d:216-316 e:316-416", ""},
+      {"a window wider by a column", fiveColumns, 266, "put ColumnPosition e; size 316 101", "a:-284--184 b:-184--84 c:-84-16 d:16-116 e:116-216", ""},
+      {"a window wider by more than that", fiveColumns, 266, "put ColumnPosition e; size 317 101", "a:-184--84 b:-84-16 c:16-116 d:116-216 e:216-316", ""},
       {"right from the fixed columns", "f 0 60 0 20 fix;v 60 120 0 20;w 120 180 0 20;x 180 240 0 20", 166,
        "put ColumnPosition x; put ColumnPosition f; key Right", "f:16-76 v:76-136 w:136-196 x:196-256", ""},
       {"Tab from the fixed columns", "f 0 60 0 20 fix;v 60 120 0 20;w 120 180 0 20;x 180 240 0 20", 166,
