@@ -13,10 +13,11 @@ constexpr std::int32_t capacity = 5;
 std::string pageText(const PageView& page) {
   if (page.VisibleRows.empty()) return "empty";
   for (std::size_t i = 1; i < page.VisibleRows.size(); ++i) {
-    if (page.VisibleRows[i]->row != page.VisibleRows[i - 1]->row + 1) return "gap";
+    if (page.VisibleRows[i].number != page.VisibleRows[i - 1].number + 1) return "gap";
   }
   std::ostringstream text;
-  text << page.VisibleRows.front()->row << '-' << page.VisibleRows.back()->row << " top " << page.TopOrdinal;
+  text << page.VisibleRows.front().number << '-' << page.VisibleRows.back().number << " top "
+       << page.TopOrdinal;
   return text.str();
 }
 

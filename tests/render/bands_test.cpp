@@ -114,7 +114,7 @@ TEST_F(Bands, IndicatorMarksFollowStatusAndSelection) {
   };
   EXPECT_EQ(marks(), "218 217 220 ");
   EXPECT_EQ(canvas.linesOf("keyed").front(), "keyed 5,5,15,15 glyph218 0,0,10,10 00ff00");
-  focus.SelectedRows = {rows.find(3), rows.find(2)};
+  select({3, 2});
   EXPECT_EQ(marks(), "218 217 220 ");
   focus.CellMode = false;
   EXPECT_EQ(marks(), "218 215 221 ");

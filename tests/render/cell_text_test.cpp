@@ -1,5 +1,7 @@
 #include "rows/cell_text.h"
 
+#include <array>
+
 #include "render/paint_fixture.h"
 #include "rows/group_text.h"
 
@@ -179,11 +181,11 @@ TEST_F(CellText, GetTextOfGroupRows) {
   group.level = 1;
   column.groups.addTail(group);
   data->rows[1].level = 1;
-  rows.find(2)->groupColumn = 2;
+  rows.buildGroups({{1, 2, u"CITY"}}, true, std::array{2, 1});
   EXPECT_EQ(property(u"V", 2, 4), "B");
   column.hasTree = true;
   EXPECT_EQ(property(u"V", 2, 4), "w2");
-  rows.find(2)->groupColumn = 0;
+  rows.buildPlain(2);
   EXPECT_EQ(property(u"V", 2, 4), "B");
 }
 

@@ -1,3 +1,4 @@
+#include <array>
 #include <limits>
 
 #include "render/paint_fixture.h"
@@ -18,8 +19,7 @@ class FocusPainter : public PaintFixture {
   ColumnRecord& last() { return config.columns.tail()->value(); }
   void selectRows(std::initializer_list<std::int32_t> numbers) {
     focus.CellMode = false;
-    focus.SelectedRows.clear();
-    for (const std::int32_t number : numbers) focus.SelectedRows.push_back(rows.find(number));
+    select(numbers);
   }
   void focusCell(std::int32_t row) {
     focus.CellMode = true;
@@ -214,9 +214,9 @@ TEST_F(FocusPainter, EditorOfATreeColumnStartsAtTheText) {
   last().child.type = CellKind::Edit;
   focusCell(2);
   editorOpen = true;
-  focus.FocusRow->level = 1;
+  rows.buildTree(true, std::array{1, 1, 1});
   EXPECT_EQ(paint().editorPlace, (Rect{137, 40, 219, 59}));
-  focus.FocusRow->state = RowState::Collapsed;
+  rows.buildTree(false, std::array{1, 1, 2});
   EXPECT_EQ(paint().editorPlace, (Rect{141, 40, 219, 59}));
 }
 

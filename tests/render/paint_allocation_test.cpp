@@ -55,7 +55,7 @@ TEST_F(WarmPaint, AllocatesNothing) {
        {{u"10", u"label"}, {u"30", u"a longer label"}, {u"30", u"x"}, {u"999999", u"some text"}});
   ResolveSuppress(config.columns, link);
   focus.CellMode = false;
-  focus.SelectedRows = {rows.find(4), rows.find(2)};
+  select({4, 2});
   metrics.measureHeights(config.columns);
   const GridFrame frame = frameOf(config, settings, metrics, &client);
   const PaintModel model{config, settings, frame, page, focus, rows, link, images, eval};

@@ -30,8 +30,17 @@ void PaintFixture::bind(std::vector<XString> names, const std::vector<std::vecto
   data = std::make_shared<FakeDataSet>(std::move(names), texts);
   bindTo(link, data);
   rows.buildPlain(static_cast<std::int32_t>(texts.size()));
+  showAll();
+}
+
+void PaintFixture::showAll() {
   page.VisibleRows.clear();
-  for (RowNode* node = rows.first(); node; node = rows.NextRow(node)) page.VisibleRows.push_back(node);
+  for (Row row = rows.first(); row; row = rows.NextRow(row)) page.VisibleRows.push_back(row);
+}
+
+void PaintFixture::select(std::initializer_list<std::int32_t> numbers) {
+  focus.SelectedRows.clear();
+  for (const std::int32_t number : numbers) focus.SelectedRows.append(Row{number});
 }
 
 PaintResult PaintFixture::paint() {

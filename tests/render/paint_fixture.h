@@ -37,7 +37,10 @@ class PaintFixture : public ::testing::Test {
 
   ColumnRecord& addColumn(const char16_t* name);
   void bind(std::vector<XString> names, const std::vector<std::vector<const char16_t*>>& rows);
-  // All rows on the page, measured anew.
+  // All displayable rows on the page; bind() has them there.
+  void showAll();
+  void select(std::initializer_list<std::int32_t> rows);
+  // Measured anew.
   PaintResult paint();
   // What a paint does from its first line that starts with `first` on.
   Lines paintFrom(const std::string& first);

@@ -75,7 +75,7 @@ TEST_F(Pipeline, WithoutColumnsOrDataBandsStay) {
   config.columns.removeAll();
   page.VisibleRows.clear();
   focus.CellMode = false;
-  focus.SelectedRows = {rows.first()};
+  select({1});
   EXPECT_TRUE(paint().painted);
   EXPECT_EQ(canvas.lines(), (Lines{"fill 0,0,400,100 ffffff"}));
 }

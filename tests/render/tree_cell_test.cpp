@@ -1,3 +1,4 @@
+#include <array>
 #include <limits>
 
 #include "render/paint_fixture.h"
@@ -13,17 +14,10 @@ class TreeCell : public PaintFixture {
     config.tree.rowMode = RowMode::Tree;
     column.hasTree = true;
     column.view.borderStyle = border::none;
-    bind({u"V"}, {{u"a"}, {u"b"}, {u"c"}, {u"d"}});
-    shape(1, 1, RowState::Expanded);
-    shape(2, 2, RowState::Leaf);
-    shape(3, 2, RowState::Leaf);
-    shape(4, 1, RowState::Collapsed);
-    rows.find(2)->parent = rows.find(3)->parent = rows.find(1);
-  }
-
-  void shape(std::int32_t row, std::int32_t level, RowState state) {
-    rows.find(row)->level = level;
-    rows.find(row)->state = state;
+    bind({u"V"}, {{u"a"}, {u"b"}, {u"c"}, {u"d"}, {u"hidden"}});
+    rows.buildTree(true, std::array{1, 2, 2, 1, 2});
+    rows.toggle(Row{4});
+    showAll();
   }
 
   ColumnRecord& column;
@@ -69,9 +63,7 @@ TEST_F(TreeCell, TextStartsBehindTheTree) {
 
 TEST_F(TreeCell, GroupRowsTakeTheGroupCellAndTheirOwnDatasetColumn) {
   bind({u"V", u"CITY"}, {{u"a", u"Oslo"}, {u"b", u"Rome"}});
-  shape(1, 1, RowState::Leaf);
-  shape(2, 1, RowState::Leaf);
-  rows.find(1)->groupColumn = 2;
+  rows.buildGroups({{1, 2, u"CITY"}}, true, std::array{1, 1});
   data->rows[0].level = 3;
   data->rows[1].level = 4;
   GroupCell group;
@@ -91,8 +83,6 @@ TEST_F(TreeCell, BoxesOfAnySizeCanBeConfigured) {
   config.tree.thumbSize = least;
   config.tree.hasLine = false;
   EXPECT_EQ(paintOnly("line"), Lines{});
-  rows.find(1)->level = least;
-  EXPECT_TRUE(paint().painted);
 }
 
 TEST_F(TreeCell, LinesEndAtTheFixedZone) {

@@ -219,7 +219,7 @@ TEST_F(Commands, InsertAndDeleteRows) {
   open_.grid().put_ColumnPosition(u"");
   const GridFrame frame = open_.grid().parts().frame();
   const auto press = [&](std::int32_t row) {
-    const std::int32_t top = open_.grid().parts().page.VisibleRows.front()->row;
+    const std::int32_t top = open_.grid().parts().page.VisibleRows.front().number;
     const Point at{4, frame.firstRowTop() + (row - top) * frame.rowHeight + 2};
     open_.host().input().mouse(MouseAction::LeftDown, at, {.control = true});
     open_.host().input().mouse(MouseAction::LeftUp, at, {.control = true});
