@@ -20,7 +20,7 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
 endif()
 
 # tessera_precompiled(NAME HEADERS "<header>" ... LIBRARIES imported ...): a header that other targets take with
-# PRECOMPILED. The names stand in angle brackets: by them no path of this checkout gets into the cache's keys.
+# PRECOMPILED. Only headers of the system: one of this checkout's would come out of the cache under another path.
 function(tessera_precompiled name)
   cmake_parse_arguments(ARG "" "" "HEADERS;LIBRARIES" ${ARGN})
   set(unit ${PROJECT_BINARY_DIR}/precompiled/${name}.cpp)
@@ -31,11 +31,10 @@ function(tessera_precompiled name)
   target_precompile_headers(${name} PRIVATE ${ARG_HEADERS})
 endfunction()
 
-# Called once the libraries are found. Only what hardly changes belongs in here: an edit rebuilds everything.
+# Called once the libraries are found.
 function(tessera_precompile_headers)
   set(standard "<algorithm>" "<array>" "<cmath>" "<cstdint>" "<functional>" "<limits>" "<memory>" "<optional>"
-    "<span>" "<string>" "<string_view>" "<unordered_map>" "<utility>" "<variant>" "<vector>"
-    "<tessera/xvalue.h>")
+    "<span>" "<string>" "<string_view>" "<unordered_map>" "<utility>" "<variant>" "<vector>")
   set(testing "<gtest/gtest.h>" "<filesystem>" "<fstream>" "<map>" "<sstream>")
   tessera_precompiled(tessera_pch HEADERS ${standard})
   tessera_precompiled(tessera_test_pch HEADERS ${standard} ${testing} LIBRARIES GTest::gtest)

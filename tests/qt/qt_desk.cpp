@@ -46,7 +46,7 @@ QtDesk::QtDesk(const std::string& form)
       before_(new QLineEdit(&dialog_)),
       grid_(new TesseraWidget(&dialog_)),
       after_(new QLineEdit(&dialog_)) {
-  for (int id = 1; id <= static_cast<int>(eventNames.size()); ++id) answer(static_cast<EventId>(id), {});
+  for (int id = 1; id <= static_cast<int>(eventTable.size()); ++id) answer(static_cast<EventId>(id), {});
   QFont font(toQString(utf16FromUtf8(opened_.form.font)), opened_.form.fontSize);
   grid_->setFont(font);
   for (std::size_t i = 0; i < opened_.components.dataSets.size(); ++i) {
