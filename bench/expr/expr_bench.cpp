@@ -75,7 +75,7 @@ struct BenchCase {
   const char* muParser;  // null: it has no texts
 };
 
-// The first one has the budget.
+// The first one has a budget beside Lua's time.
 constexpr BenchCase cases[] = {
     {u"IIF(AMOUNT>100,\"red\",\"black\")", "AMOUNT>100 and \"red\" or \"black\"", nullptr},
     {u"AMOUNT*PRICE+(AMOUNT+1)**0.5", "AMOUNT*PRICE+(AMOUNT+1)^0.5", "AMOUNT*PRICE+(AMOUNT+1)^0.5"},
@@ -118,8 +118,7 @@ class Bench {
                lua.nanoseconds, hasMuParser ? fmt::format("{:.1f}", muParser.nanoseconds) : "-");
     check(lua.sum == own.sum, "Lua computes something else");
     if (hasMuParser) check(muParser.sum == own.sum, "muParser computes something else");
-    if (!hasBudget) return;
-    check(own.nanoseconds < budget, "over the budget");
+    check(!hasBudget || own.nanoseconds < budget, "over the budget");
     check(own.nanoseconds <= lua.nanoseconds, "slower than Lua");
   }
 

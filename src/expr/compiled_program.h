@@ -31,11 +31,13 @@ class CompiledProgram final : public XExprProgram {
   // Registers that hold nothing are not evaluated; `function` is null for an operator.
   void addInstruction(ExprHandler handler, const XExprFunction* function, std::vector<Register> arguments,
                       Register result, Slot slot);
+  // Reads a column of the row under evaluation.
+  void addColumnRead(std::int32_t column, Register result);
   void finish(Register result);
 
  private:
   struct Instruction {
-    ExprHandler handler;
+    ExprHandler handler;  // null: reads the column whose number stands in `firstArgument`
     const XExprFunction* function;
     std::uint32_t firstArgument;  // in arguments_
     std::uint32_t argumentCount;
