@@ -7,67 +7,7 @@
 namespace tessera::test {
 namespace {
 
-class ExpressionsTest : public ControlTest {
- protected:
-  std::string text(const char16_t* column, std::int32_t row, std::int32_t kind = 3) {
-    XString result;
-    control.get_GetText(column, row, kind, result);
-    return result.toUtf8();
-  }
-
-  static constexpr const char16_t* computed =
-      u"<GRID><COLUMN id=\"a\" refcolid=\"A\"><HEADER left=\"0\" right=\"80\" top=\"0\" bottom=\"20\" "
-      u"text=\"@'rows: '+TOSTRING(RECCOUNT)\"/>"
-      u"<VIEW left=\"0\" right=\"80\" top=\"0\" bottom=\"20\" text=\"@IIF(A&gt;2,'big','small')\" "
-      u"color=\"@IIF(A&gt;2,'red','blue')\"/>"
-      u"<VIEWSUMMARY text=\"@GFSUM(A)\"/></COLUMN>"
-      u"<COLUMN id=\"b\" refcolid=\"B\"><HEADER left=\"80\" right=\"160\" top=\"0\" bottom=\"20\"/>"
-      u"<VIEW left=\"80\" right=\"160\" top=\"0\" bottom=\"20\" text=\"@LOG(A-2)\"/></COLUMN></GRID>";
-};
-
-TEST_F(ExpressionsTest, TextsFollowTheRow) {
-  addData(4);
-  open();
-  control.put_ColumnInfo(computed);
-  EXPECT_EQ(events.take(), "");
-  EXPECT_EQ(text(u"a", 1), "small");
-  EXPECT_EQ(text(u"a", 3), "big");
-  EXPECT_EQ(text(u"a", 3, 2), "rows: 4");
-  EXPECT_EQ(text(u"a", 1, 5), "10");
-}
-
-TEST_F(ExpressionsTest, ColorsFollowTheRow) {
-  addData(4);
-  open();
-  control.put_ColumnInfo(computed);
-  const ViewCell& view = control.parts().config.columns.head()->value().view;
-  EvalState state;
-  state.ExprRow = 2;
-  EXPECT_EQ(view.effectiveTextColor(state), rgb(0, 0, 0xFF));
-  state.ExprRow = 3;
-  EXPECT_EQ(view.effectiveTextColor(state), rgb(0xFF, 0, 0));
-}
-
-// No event, and the cell shows what it would show without the expression.
-TEST_F(ExpressionsTest, AFailedRunIsSilent) {
-  addData(4);
-  open();
-  control.put_ColumnInfo(computed);
-  EXPECT_EQ(text(u"b", 1), "");
-  EXPECT_EQ(text(u"b", 3), "0");
-  EXPECT_EQ(events.take(), "");
-}
-
-TEST_F(ExpressionsTest, OnesThatDoNotCompileAreReportedAndLeaveThePlainValue) {
-  addData(2);
-  open();
-  control.put_ColumnInfo(
-      u"<GRID><COLUMN id=\"a\" refcolid=\"A\"><HEADER left=\"0\" right=\"80\" top=\"0\" bottom=\"20\"/>"
-      u"<VIEW left=\"0\" right=\"80\" top=\"0\" bottom=\"20\" color=\"@NOSUCH\"/></COLUMN></GRID>");
-  EXPECT_EQ(events.take(), "OnError 4 Expression Error; ");
-  EvalState state;
-  EXPECT_EQ(control.parts().config.columns.head()->value().view.effectiveTextColor(state), 0u);
-}
+class ExpressionsTest : public ControlTest {};
 
 // The indicator is configured before there are any columns, and outlives every Refresh and every text that
 // does not compile.
