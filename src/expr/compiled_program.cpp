@@ -1,7 +1,5 @@
 #include "expr/compiled_program.h"
 
-#include <algorithm>
-
 namespace tessera {
 namespace {
 
@@ -29,17 +27,11 @@ void CompiledProgram::addColumnRead(std::int32_t column, Register result) {
   instructions_.push_back({nullptr, nullptr, static_cast<std::uint32_t>(column), 0, result, addSlot()});
 }
 
-void CompiledProgram::finish(Register result) {
-  registers_.assign(registerCount_, nullptr);
-  for (const Literal& literal : literals_) registers_[literal.place] = &literal.value;
-  result_ = result;
-}
-
 const XValue* CompiledProgram::evaluate(EvalState& state) const {
   state.error.reset();
-  EvalState::Run lent(state, slotCount_, registers_.size());
+  EvalState::Run lent(state, slotCount_, registerCount_);
   const XValue** registers = lent.frame().registers.data();
-  std::copy(registers_.begin(), registers_.end(), registers);
+  for (const Literal& literal : literals_) registers[literal.place] = &literal.value;
   ExprCall call(context_, state, registers);
   XValue* slots = lent.frame().slots.data();
   for (const Instruction& instruction : instructions_) {

@@ -33,7 +33,7 @@ class CompiledProgram final : public XExprProgram {
                       Register result, Slot slot);
   // Reads a column of the row under evaluation.
   void addColumnRead(std::int32_t column, Register result);
-  void finish(Register result);
+  void finish(Register result) { result_ = result; }
 
  private:
   struct Instruction {
@@ -53,7 +53,6 @@ class CompiledProgram final : public XExprProgram {
   std::vector<Instruction> instructions_;
   std::vector<Register> arguments_;
   std::vector<Literal> literals_;
-  std::vector<const XValue*> registers_;  // what a run starts with
   Register registerCount_ = 0;
   Slot slotCount_ = 0;
   Register result_ = 0;
