@@ -75,7 +75,7 @@ struct BenchCase {
   const char* muParser;  // null: it has no texts
 };
 
-// The first one has the budget.
+// The first one has a budget beside Lua's time.
 constexpr BenchCase cases[] = {
     {u"IIF(AMOUNT>100,\"red\",\"black\")", "AMOUNT>100 and \"red\" or \"black\"", nullptr},
     {u"AMOUNT*PRICE+(AMOUNT+1)**0.5", "AMOUNT*PRICE+(AMOUNT+1)^0.5", "AMOUNT*PRICE+(AMOUNT+1)^0.5"},
@@ -84,6 +84,7 @@ constexpr BenchCase cases[] = {
     {u"LEFT(REGION,2)+\"-\"+UPPER(REGION)", "string.sub(REGION,1,2)..\"-\"..string.upper(REGION)", nullptr},
 };
 constexpr double budget = 150;  // nanoseconds a row of the first case, without the rows' own time
+constexpr double noise = 1.1;   // what two measures of the same may differ by
 
 class Bench {
  public:
@@ -118,9 +119,8 @@ class Bench {
                lua.nanoseconds, hasMuParser ? fmt::format("{:.1f}", muParser.nanoseconds) : "-");
     check(lua.sum == own.sum, "Lua computes something else");
     if (hasMuParser) check(muParser.sum == own.sum, "muParser computes something else");
-    if (!hasBudget) return;
-    check(own.nanoseconds < budget, "over the budget");
-    check(own.nanoseconds <= lua.nanoseconds, "slower than Lua");
+    check(!hasBudget || own.nanoseconds < budget, "over the budget");
+    check(own.nanoseconds <= lua.nanoseconds * noise, "slower than Lua");
   }
 
   void measureOwn(Measure& best, const XExprProgram& program) {

@@ -26,8 +26,8 @@ constexpr std::int32_t headers = 10'000;
 
 constexpr double equalNamesBudgetMs = 200;
 constexpr double differentNamesBudgetMs = 600;
-constexpr double refreshBudgetMs = 100;
-constexpr double headersBudgetMs = 1000;  // nearly all of it for reading their text
+constexpr double refreshBudgetMs = 50;
+constexpr double headersBudgetMs = 400;  // nearly all of it for reading their text
 
 // The name of the last column of a file whose header line has `count` names.
 template <class Name>

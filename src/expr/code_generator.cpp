@@ -34,9 +34,9 @@ CodeGenerator::Place CodeGenerator::operand(ExprTree::Id id) {
     case ExprTree::Kind::Call:
       return node.function ? call(node) : unknownCall(node);
     case ExprTree::Kind::Column:
-      return reference(columnFunction(), context_.host->ColumnIndex(node.text));
+      return column(node.text);
     case ExprTree::Kind::Keyword:
-      return reference(keywordFunction(), ExprNames::keywordIndex(node.text));
+      return keyword(node.text);
     default:
       return chain(node.first);
   }
@@ -122,10 +122,22 @@ CodeGenerator::Place CodeGenerator::unknownCall(const ExprTree::Operand& call) {
   return {missing_.at, ExprType::Any};
 }
 
-CodeGenerator::Place CodeGenerator::reference(const XExprFunction& function, std::int32_t number) {
-  const CompiledProgram::Register index = program_.addLiteral(XValue::ofDouble(number));
+// A run reads a column once, however often the expression names it.
+CodeGenerator::Place CodeGenerator::column(const XString& name) {
+  const auto [known, isFirst] = columns_.try_emplace(context_.host->ColumnIndex(name));
+  if (isFirst) {
+    known->second = program_.addRegister();
+    program_.addColumnRead(known->first, known->second);
+  }
+  return {known->second, ExprType::Any};
+}
+
+CodeGenerator::Place CodeGenerator::keyword(const XString& name) {
+  const XExprFunction& function = keywordFunction();
+  const auto index = static_cast<double>(ExprNames::keywordIndex(name));
+  const CompiledProgram::Register number = program_.addLiteral(XValue::ofDouble(index));
   const CompiledProgram::Register result = program_.addRegister();
-  program_.addInstruction(function.handler, &function, {index}, result, program_.addSlot());
+  program_.addInstruction(function.handler, &function, {number}, result, program_.addSlot());
   return {result, function.result};
 }
 

@@ -2,6 +2,7 @@
 
 #pragma once
 
+#include <unordered_map>
 #include <vector>
 
 #include "expr/compiled_program.h"
@@ -31,7 +32,8 @@ class CodeGenerator {
   Place literal(ExprType type, const XString& text);
   Place call(const ExprTree::Operand& call);
   Place unknownCall(const ExprTree::Operand& call);
-  Place reference(const XExprFunction& function, std::int32_t number);
+  Place column(const XString& name);
+  Place keyword(const XString& name);
   Place chain(ExprTree::Id first);
   Place argument(const XExprFunction& function, const ExprTree::Operand& call, std::size_t index);
 
@@ -39,6 +41,7 @@ class CodeGenerator {
   const XExprContext& context_;
   CompiledProgram& program_;
   ExprErrors& errors_;
+  std::unordered_map<std::int32_t, CompiledProgram::Register> columns_;  // by number: where the value stands
   Place missing_{};  // what a missing operand reads: the number 0
 };
 

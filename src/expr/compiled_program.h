@@ -31,11 +31,13 @@ class CompiledProgram final : public XExprProgram {
   // Registers that hold nothing are not evaluated; `function` is null for an operator.
   void addInstruction(ExprHandler handler, const XExprFunction* function, std::vector<Register> arguments,
                       Register result, Slot slot);
-  void finish(Register result);
+  // Reads a column of the row under evaluation.
+  void addColumnRead(std::int32_t column, Register result);
+  void finish(Register result) { result_ = result; }
 
  private:
   struct Instruction {
-    ExprHandler handler;
+    ExprHandler handler;  // null: reads the column whose number stands in `firstArgument`
     const XExprFunction* function;
     std::uint32_t firstArgument;  // in arguments_
     std::uint32_t argumentCount;
@@ -51,7 +53,6 @@ class CompiledProgram final : public XExprProgram {
   std::vector<Instruction> instructions_;
   std::vector<Register> arguments_;
   std::vector<Literal> literals_;
-  std::vector<const XValue*> registers_;  // what a run starts with
   Register registerCount_ = 0;
   Slot slotCount_ = 0;
   Register result_ = 0;

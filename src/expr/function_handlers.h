@@ -7,7 +7,6 @@
 namespace tessera::expr_function {
 
 // functions_grid.cpp
-const XValue* column(ExprCall& call);
 const XValue* colVal(ExprCall& call);
 const XValue* keyword(ExprCall& call);
 const XValue* gfAvg(ExprCall& call);

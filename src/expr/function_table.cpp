@@ -27,7 +27,7 @@ constexpr Parameter anything(const char* name) { return {name, Any, ""}; }
 // that it names.
 constexpr XExprFunction functions[] = {
     {"COLUMN",
-     fn::column,
+     nullptr,
      Family::Grid,
      Any,
      1,
@@ -877,9 +877,8 @@ constexpr XExprFunction functions[] = {
 };
 static_assert(std::size(functions) == 92);
 
-constexpr std::size_t columnRow = 0;
 constexpr std::size_t keywordRow = 1;
-static_assert(functions[columnRow].name == "COLUMN" && functions[keywordRow].name == "KEYWORD");
+static_assert(functions[keywordRow].name == "KEYWORD");
 
 constexpr std::size_t shortestPart = 4;
 
@@ -892,7 +891,6 @@ bool means(const XExprFunction& function, std::u16string_view typed) {
 }  // namespace
 
 std::span<const XExprFunction> exprFunctions() { return functions; }
-const XExprFunction& columnFunction() { return functions[columnRow]; }
 const XExprFunction& keywordFunction() { return functions[keywordRow]; }
 
 const XExprFunction* findFunction(std::u16string_view typed) {

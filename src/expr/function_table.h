@@ -27,7 +27,7 @@ struct XExprFunction {
   static constexpr std::size_t mostParameters = 6;
 
   std::string_view name;
-  ExprHandler handler;
+  ExprHandler handler;  // null for COLUMN, which is no call
   FunctionFamily family;
   ExprType result;
   std::int16_t maxArguments;  // anyNumber: no limit, and no type is tested
@@ -49,8 +49,7 @@ struct XExprFunction {
 // In the order that decides what an abbreviated name means.
 std::span<const XExprFunction> exprFunctions();
 
-// The rows that references compile to. COLUMN cannot be called by name.
-const XExprFunction& columnFunction();
+// The row that a grid variable compiles to.
 const XExprFunction& keywordFunction();
 
 // The function that a typed name means, without regard to ASCII case: of fewer than four characters a whole

@@ -18,17 +18,14 @@ const XValue* aggregate(ExprCall& call) {
   });
 }
 
-const XValue* cell(ExprCall& call, std::int32_t column, std::int32_t row) {
-  return call.giveFromHost([&](XValue& result) {
-    return call.context().host->ColumnValue(row == currentRow ? call.row() : row, column, result);
-  });
-}
-
 }  // namespace
 
-const XValue* column(ExprCall& call) { return cell(call, call.integer(0), currentRow); }
-
-const XValue* colVal(ExprCall& call) { return cell(call, call.integer(0), call.integer(1)); }
+const XValue* colVal(ExprCall& call) {
+  const std::int32_t row = call.integer(1);
+  return call.giveFromHost([&](XValue& result) {
+    return call.context().host->ColumnValue(row == currentRow ? call.row() : row, call.integer(0), result);
+  });
+}
 
 const XValue* keyword(ExprCall& call) {
   return call.giveFromHost(

@@ -53,7 +53,13 @@ bool eitherIs(const ExprCall& call, VarType type) {
   return call.value(0).type() == type || call.value(1).type() == type;
 }
 
+// Asked first where nearly all values are of one type.
+bool bothAre(const ExprCall& call, VarType type) {
+  return call.value(0).type() == type && call.value(1).type() == type;
+}
+
 const XValue* dynamicAdd(ExprCall& call) {
+  if (bothAre(call, VT_R8)) return call.giveNumber(call.value(0).asDouble() + call.value(1).asDouble());
   if (eitherIs(call, VT_BSTR)) return concatenate(call);
   return eitherIs(call, VT_DATE) ? addDate(call) : addNumbers(call);
 }
@@ -101,12 +107,16 @@ const XValue* compareTexts(ExprCall& call) {
 }
 
 const XValue* trimmedEqual(ExprCall& call) {
+  if (bothAre(call, VT_BSTR)) {
+    return call.giveLogical(trimRight(call.value(0).asText()) == trimRight(call.value(1).asText()));
+  }
   return call.giveLogical(trimRight(call.text(0)) == trimRight(call.text(1)));
 }
 
 // Dates compare as the numbers that they are.
 template <OperatorCode code, ExprHandler texts>
 const XValue* compareAny(ExprCall& call) {
+  if (bothAre(call, VT_BSTR)) return texts(call);
   if (eitherIs(call, VT_R8)) return compareNumbers<code>(call);
   if (eitherIs(call, VT_BOOL)) return compareLogicals<code>(call);
   if (!eitherIs(call, VT_DATE) && eitherIs(call, VT_BSTR)) return texts(call);

@@ -48,7 +48,7 @@ TEST(Documentation, ExamplesCallTheirFunction) {
   for (const XExprFunction& function : exprFunctions()) {
     EXPECT_TRUE(names.insert(function.name).second) << function.name;
     const std::string called = std::string(function.name) + "(";
-    if (&function == &columnFunction()) continue;
+    if (!function.handler) continue;
     EXPECT_TRUE(function.example.starts_with(called)) << function.name;
     EXPECT_EQ(findFunction(utf16FromUtf8(function.name)), &function) << function.name;
   }

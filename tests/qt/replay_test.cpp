@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <cstdlib>
 #include <fstream>
+#include <regex>
 #include <gtest/gtest.h>
 #include <sstream>
 
@@ -287,6 +288,15 @@ struct Transcript {
   std::vector<Command> commands;
 };
 
+// "OnA(1); OnB() (x 3)": each event once for every time that it fired.
+void addEvents(const std::string& text, Lines& events) {
+  static const std::regex event(R"((On\w+\(.*?\))(?: \(x (\d+)\))?(?:; |$))");
+  for (std::sregex_iterator found(text.begin(), text.end(), event), end; found != end; ++found) {
+    const int times = (*found)[2].matched ? std::stoi((*found)[2]) : 1;
+    events.insert(events.end(), static_cast<std::size_t>(times), "! " + (*found)[1].str());
+  }
+}
+
 Transcript readTranscript(const std::string& name) {
   Transcript transcript;
   std::ifstream file(sourcePath("tests/console/" + name + ".transcript"));
@@ -297,9 +307,11 @@ Transcript readTranscript(const std::string& name) {
     if (line.starts_with("# form ")) {
       transcript.form = line.substr(7);
     } else if (line.starts_with("> ")) {
-      transcript.commands.push_back({line.substr(2), {}, {}});
+      const std::size_t value = line.find("  = ");
+      transcript.commands.push_back({line.substr(2, value - 2), {}, {}});
+      if (value != line.npos) transcript.commands.back().reply.push_back(line.substr(value + 2));
     } else if (line.starts_with("! ")) {
-      transcript.commands.back().events.push_back(line);
+      addEvents(line.substr(2), transcript.commands.back().events);
     } else if (!line.starts_with('#') && line != "ok" && !transcript.commands.empty()) {
       // Where a list stands is told by its window.
       const bool isListPlace = transcript.commands.back().text == "list" && line.starts_with("open ");
