@@ -4,8 +4,8 @@
 #include <QApplication>
 #include <cstdlib>
 #include <fstream>
-#include <regex>
 #include <gtest/gtest.h>
+#include <regex>
 #include <sstream>
 
 #include "backends/qt/qt_text.h"
