@@ -41,21 +41,22 @@ XValue radioSetValue(const XValue& value) {
 void flipCheck(GridParts& parts, const ColumnRecord& column, std::int32_t row, CheckRule rule) {
   const auto dataSet = parts.link.holdDataSet();
   if (!dataSet) return;
+  const std::int32_t index = parts.link.columnIndex(column.refColumnId);
   XValue value;
-  dataSet->GetValueByName(row, column.refColumnId, value);
-  dataSet->SetValue(row, parts.link.columnIndex(column.refColumnId), rule(value));
+  dataSet->GetValue(row, index, value);
+  dataSet->SetValue(row, index, rule(value));
 }
 
 // Each write notifies; one paint at the end is enough.
 void setRadio(GridParts& parts, const GridServices& services, const ColumnRecord& column, std::int32_t row) {
   const auto dataSet = parts.link.holdDataSet();
   if (!dataSet) return;
-  XValue value;
-  dataSet->GetValueByName(row, column.refColumnId, value);
-  if (isRadioSet(value)) return;
   const GridWatch watch(parts, services);
-  const DrawHold hold(parts);
   const std::int32_t index = parts.link.columnIndex(column.refColumnId);
+  XValue value;
+  dataSet->GetValue(row, index, value);
+  if (isRadioSet(value)) return;
+  const DrawHold hold(parts);
   const std::int32_t count = parts.link.rowCount();
   const XValue unset = XValue::ofInt(0);
   for (std::int32_t other = 1; other <= count && watch.holdsRows(); ++other)

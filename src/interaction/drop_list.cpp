@@ -8,6 +8,7 @@
 #include "interaction/focused_child.h"
 #include "interaction/grid_watch.h"
 #include "interaction/key_events.h"
+#include "interaction/reading_scope.h"
 #include "render/paint_result.h"
 
 namespace tessera {
@@ -44,10 +45,14 @@ bool DropListController::open() {
   const ColumnPosition position = parts_.focus.FocusColumn;
   ColumnRecord& column = position->value();
   parts_.eval.ExprRow = row;
-  if (!column.child.isEditable(parts_.eval)) return false;
   const GridWatch watch(parts_, services_);
   Content content;
-  if (!fill(column, row, content) || !watch.holds()) return false;
+  bool isFilled = false;
+  {
+    const ReadingScope reading(parts_, services_);
+    isFilled = column.child.isEditable(parts_.eval) && fill(column, row, content);
+  }
+  if (!isFilled || !watch.holds()) return false;
   showCell(column);
   target_ = {column.id, row, position, services_.generation()};
   show(column, std::move(content.items));
@@ -199,10 +204,11 @@ bool DropListController::chosenCode(XString& code) const {
     return true;
   }
   const auto dataSet = child.lookupDataset;
+  const XString name = child.lookupCode;
   std::int32_t count = 0;
   if (dataSet) dataSet->GetRowCount(count);
   if (chosen < 0 || chosen >= count) return false;
-  dataSet->GetTextByName(chosen + 1, child.lookupCode, code);
+  dataSet->GetTextByName(chosen + 1, name, code);
   return true;
 }
 

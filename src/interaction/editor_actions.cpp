@@ -4,9 +4,23 @@
 #include "interaction/cell_buttons.h"
 #include "interaction/check_cells.h"
 #include "interaction/editor_controller.h"
+#include "interaction/grid_watch.h"
 #include "interaction/keys.h"
+#include "interaction/reading_scope.h"
 
 namespace tessera {
+
+// The answer may come from the data set, which may have news for the grid meanwhile: false when rows or
+// columns are others then.
+bool EditorController::mayEdit(const ColumnRecord& column) {
+  const GridWatch watch(parts_, services_);
+  bool isEditable = false;
+  {
+    const ReadingScope reading(parts_, services_);
+    isEditable = column.child.isEditable(parts_.eval);
+  }
+  return isEditable && watch.holdsRows();
+}
 
 void EditorController::enterAction() {
   if (parts_.editor.active) {
@@ -17,14 +31,14 @@ void EditorController::enterAction() {
   if (!column) return;
   switch (column->child.type) {
     case CellKind::Edit:
-      if (column->child.isEditable(parts_.eval)) openEditor(true);
+      if (mayEdit(*column)) openEditor(true);
       return;
     case CellKind::Combo:
     case CellKind::Lookup:
       list_.open();
       return;
     case CellKind::Check:
-      if (column->child.isEditable(parts_.eval)) toggleCheckByKey();
+      if (mayEdit(*column)) toggleCheckByKey();
       return;
     case CellKind::Radio:
       setRadioByKey();
@@ -44,7 +58,7 @@ void EditorController::spaceAction() {
   FocusModel& focus = parts_.focus;
   if (!focus.CellMode || !focus.FocusRow || !focus.FocusColumn) return;
   parts_.eval.ExprRow = focus.FocusRow->row;
-  if (!focus.FocusColumn->value().child.isEditable(parts_.eval)) return;
+  if (!mayEdit(focus.FocusColumn->value())) return;
   if (!toggleCheckByKey()) toggleNode(*focus.FocusRow);
 }
 
@@ -54,7 +68,7 @@ void EditorController::charArrived(char16_t character) {
   if (key::isControl(character)) return;
   if (parts_.editor.active) return parts_.editor.box->sendChar(character);
   const ColumnRecord* const column = focusColumn();
-  if (!column || !column->child.isEditable(parts_.eval)) return;
+  if (!column || !mayEdit(*column)) return;
   if (character == u' ' && column->hasTree && parts_.config.tree.rowMode != RowMode::Plain) return;
   if (!openEditor(false) || !parts_.editor.active) return;
   parts_.editor.box->sendChar(character);
@@ -99,7 +113,7 @@ bool EditorController::activateCell(std::int32_t x, std::int32_t y, ColumnPositi
   if (!position || !row || !position->value().viewVisible) return false;
   const ColumnRecord& column = position->value();
   parts_.eval.ExprRow = row->row;
-  if (!column.child.isEditable(parts_.eval) || parts_.link.level(row->row) > 0) return false;
+  if (!mayEdit(column) || parts_.link.level(row->row) > 0) return false;
   const std::int32_t index = parts_.page.VisibleIndex(row);
   if (index < 0) return false;
   const Rect cell = cellRect(parts_.frame(), column, index);

@@ -7,6 +7,7 @@
 #include "interaction/edit_outcome.h"
 #include "interaction/focused_child.h"
 #include "interaction/key_events.h"
+#include "interaction/reading_scope.h"
 
 namespace tessera {
 namespace {
@@ -77,7 +78,11 @@ bool EditorController::openEditor(bool withPopup) {
   if (!parts_.editor.box) return false;
   const GridWatch watch(parts_, services_);
   cell_ = {colid, column->refColumnId, row, parts_.focus.FocusColumn, services_.generation(), ++lastSerial_};
-  fillBox(*column, row);
+  {
+    const ReadingScope reading(parts_, services_);
+    fillBox(*column, row);
+  }
+  if (!watch.holdsRows() || !parts_.editor.box) return false;
   parts_.editor.active = true;
   const std::uint64_t serial = cell_.serial;
   if (!focusBox(watch, serial)) return false;
@@ -90,6 +95,7 @@ EditRules EditorController::takeRules(const ColumnRecord& column, std::int32_t d
                                       bool& numeric) const {
   const ChildSpec& child = column.child;
   const auto dataSet = parts_.link.holdDataSet();
+  if (!dataSet) return {};  // it has closed in the middle of an answer
   std::int32_t type = columnText;
   std::int32_t length = 0;
   dataSet->GetColumnType(dataColumn, type);
@@ -238,9 +244,10 @@ void EditorController::rowsCut(std::int32_t count) {
   if (cell_.row > count) drop();
 }
 
+// The question for the rows comes first: its answer may make the grid anew.
 bool EditorController::cellStands() const {
-  return parts_.link.dataSet() && services_.generation() == cell_.generation &&
-         cell_.row <= parts_.link.rowCount();
+  const std::int32_t count = parts_.link.rowCount();
+  return parts_.link.dataSet() && services_.generation() == cell_.generation && cell_.row <= count;
 }
 
 // The data set and the listener of OnPopup may end this edit, and may begin another one.

@@ -68,6 +68,7 @@ class EditorController : public EditBoxOwner {
   // A press of the left button on a cell: true when it met the cell's button or mark.
   bool activateCell(std::int32_t x, std::int32_t y, ColumnPosition column, RowNode* row);
   // False when the focus cell is no such cell.
+  bool mayEdit(const ColumnRecord& column);
   bool toggleCheckByKey();
   bool setRadioByKey();
 
