@@ -11,9 +11,4 @@ XValue EventSource::fire(EventId id, std::span<const XValue> arguments) const {
   return answer;
 }
 
-bool EventSource::ask(EventId id, std::span<const XValue> arguments) const {
-  const XValue answer = fire(id, arguments);
-  return answer.type() != VT_BOOL || answer.asBool();
-}
-
 }  // namespace tessera

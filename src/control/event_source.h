@@ -19,8 +19,6 @@ class EventSource {
 
   // What the last listener answered, VT_EMPTY when none did.
   XValue fire(EventId id, std::span<const XValue> arguments) const;
-  // True unless the last answer is a VT_BOOL that says false.
-  bool ask(EventId id, std::span<const XValue> arguments) const;
 
  private:
   Connections<ITesseraEvents> sinks_;

@@ -61,7 +61,6 @@ class Tessera : public ITessera, public GridServices {
   void Repaint(const Rect* area) override;
   void ReportError(ErrorCode code) override;
   XValue fire(EventId id, std::span<const XValue> arguments) override { return events_.fire(id, arguments); }
-  bool ask(EventId id, std::span<const XValue> arguments) override { return events_.ask(id, arguments); }
   void catchUp() override;
 
   HResult get_DataID(XString& value) override;

@@ -50,12 +50,15 @@ XValue radioSetValue(const XValue& value) {
   return isText(value) || isNumber(value) ? truthLike(value, true) : value;
 }
 
+// The data set may make the columns anew in the middle of an answer: what is needed of the column is copied
+// first.
 void flipCheck(GridParts& parts, const ColumnRecord& column, std::int32_t row, CheckRule rule) {
   const auto dataSet = parts.link.holdDataSet();
   if (!dataSet) return;
+  const XString name = column.refColumnId;
   XValue value;
-  dataSet->GetValueByName(row, column.refColumnId, value);
-  const std::int32_t index = parts.link.columnIndex(column.refColumnId);
+  dataSet->GetValueByName(row, name, value);
+  const std::int32_t index = parts.link.columnIndex(name);
   fillEmpty(value, *dataSet, index, 1);  // it is drawn as checked
   dataSet->SetValue(row, index, rule(value));
 }
@@ -64,12 +67,13 @@ void flipCheck(GridParts& parts, const ColumnRecord& column, std::int32_t row, C
 void setRadio(GridParts& parts, const GridServices& services, const ColumnRecord& column, std::int32_t row) {
   const auto dataSet = parts.link.holdDataSet();
   if (!dataSet) return;
+  const GridWatch watch(parts, services);
+  const XString name = column.refColumnId;
   XValue value;
-  dataSet->GetValueByName(row, column.refColumnId, value);
-  const std::int32_t index = parts.link.columnIndex(column.refColumnId);
+  dataSet->GetValueByName(row, name, value);
+  const std::int32_t index = parts.link.columnIndex(name);
   fillEmpty(value, *dataSet, index, 0);  // nobody has chosen it
   if (isRadioSet(value)) return;
-  const GridWatch watch(parts, services);
   const DrawHold hold(parts);
   const std::int32_t count = parts.link.rowCount();
   const XValue unset = XValue::ofInt(0);

@@ -1,7 +1,6 @@
 #include "interaction/drop_list.h"
 
 #include <algorithm>
-#include <array>
 
 #include "cells/cell_kinds.h"
 #include "config/format_value.h"
@@ -9,6 +8,7 @@
 #include "interaction/grid_watch.h"
 #include "interaction/key_events.h"
 #include "interaction/page_cells.h"
+#include "interaction/reading_scope.h"
 #include "render/paint_result.h"
 
 namespace tessera {
@@ -24,10 +24,11 @@ bool codeOfItem(const ChildSpec& combo, std::int32_t chosen, XString& code) {
 
 bool codeOfRow(const ChildSpec& lookup, std::int32_t chosen, XString& code) {
   const auto dataSet = lookup.lookupDataset;
+  const XString name = lookup.lookupCode;  // the answers may make the columns anew
   std::int32_t count = 0;
   if (dataSet) dataSet->GetRowCount(count);
   if (chosen < 0 || chosen >= count) return false;
-  dataSet->GetTextByName(chosen + 1, lookup.lookupCode, code);
+  dataSet->GetTextByName(chosen + 1, name, code);
   return true;
 }
 
@@ -59,17 +60,20 @@ bool DropListController::open() {
   const ColumnPosition position = parts_.focus.FocusColumn;
   ColumnRecord& column = position->value();
   parts_.eval.ExprRow = row;
-  if (!column.child.isEditable(parts_.eval)) return false;
   const GridWatch watch(parts_, services_);
   Content content;
-  if (!fill(column, row, content) || !watch.holds()) return false;
+  bool isFilled = false;
+  {
+    const ReadingScope reading(parts_, services_);
+    isFilled = column.child.isEditable(parts_.eval) && fill(column, row, content);
+  }
+  if (!isFilled || !watch.holds()) return false;
   showCell(column);
   target_ = {column.id, row, position, parts_.structure};
   show(column, std::move(content.items));
   if (!open_ || !parts_.editor.list) return false;
   parts_.editor.list->choose(content.chosen);
-  const std::array arguments = {XValue::ofText(target_.colid), XValue::ofInt(row)};
-  services_.fire(EventId::OnDropDown, arguments);
+  fire<EventId::OnDropDown>(parts_, services_, target_.colid, row).last();
   return true;
 }
 
@@ -216,11 +220,10 @@ void DropListController::listFocusLost() {
   if (!open_ || !parts_.window) return;
   open_ = false;
   const bool byChoice = parts_.editor.listClosing;
-  const std::array arguments = {XValue::ofText(target_.colid), XValue::ofInt(target_.row)};
-  services_.fire(EventId::OnCloseUp, arguments);
+  fire<EventId::OnCloseUp>(parts_, services_, target_.colid, target_.row).last();
   if (!byChoice && !open_ && hasLeftControl()) {
     parts_.focus.state = FocusState::Outside;
-    services_.fire(EventId::OnKillFocus, {});
+    fire<EventId::OnKillFocus>(parts_, services_).last();
     services_.Repaint(nullptr);
   }
   hide();
@@ -246,7 +249,7 @@ void DropListController::listKeyDown(std::int32_t key) {
 
 void DropListController::listKeyDone(std::int32_t key) { fireKeyDown(parts_, services_, key); }
 
-void DropListController::listCharDone(char16_t) { services_.fire(EventId::OnChar, {}); }
+void DropListController::listCharDone(char16_t) { fire<EventId::OnChar>(parts_, services_).last(); }
 
 void DropListController::listClicked() {
   close(true);

@@ -1,10 +1,24 @@
 // What keys, characters and presses that reach the grid's window do with the focus cell's editor.
 
 #include "interaction/editor_controller.h"
+#include "interaction/grid_watch.h"
 #include "interaction/keys.h"
 #include "interaction/page_cells.h"
+#include "interaction/reading_scope.h"
 
 namespace tessera {
+
+// The answer may come from the data set, which may have news for the grid meanwhile: false when rows or
+// columns are others then.
+bool EditorController::mayEdit(const ColumnRecord& column) {
+  const GridWatch watch(parts_, services_);
+  bool isEditable = false;
+  {
+    const ReadingScope reading(parts_, services_);
+    isEditable = column.child.isEditable(parts_.eval);
+  }
+  return isEditable && watch.holds();
+}
 
 bool EditorController::act(CellAction action, const ColumnRecord& column, std::int32_t row, CheckRule rule) {
   switch (action) {
@@ -40,7 +54,7 @@ void EditorController::enterAction() {
   }
   const ColumnRecord* const column = focusColumn();
   if (!column) return;
-  if (kindOf(*column).enterAsks && !column->child.isEditable(parts_.eval)) return;
+  if (kindOf(*column).enterAsks && !mayEdit(*column)) return;
   actByKey(&CellKindRow::enter);
 }
 
@@ -52,7 +66,7 @@ void EditorController::spaceAction() {
   FocusModel& focus = parts_.focus;
   if (!focus.CellMode || !focus.FocusRow || !focus.FocusColumn) return;
   parts_.eval.ExprRow = focus.FocusRow.number;
-  if (!focus.FocusColumn->value().child.isEditable(parts_.eval)) return;
+  if (!mayEdit(focus.FocusColumn->value())) return;
   const bool acted = actByKey(&CellKindRow::space);
   if (!acted && focus.FocusColumn && focus.FocusColumn->value().hasTree) toggleNode(focus.FocusRow);
 }
@@ -63,7 +77,7 @@ void EditorController::charArrived(char16_t character) {
   if (key::isControl(character)) return;
   if (parts_.editor.active) return parts_.editor.box->sendChar(character);
   const ColumnRecord* const column = focusColumn();
-  if (!column || !column->child.isEditable(parts_.eval)) return;
+  if (!column || !mayEdit(*column)) return;
   if (character == u' ' && isTreeCell(*column, parts_.config.tree)) return;
   if (!openEditor(false) || !parts_.editor.active) return;
   parts_.editor.box->sendChar(character);
@@ -94,7 +108,7 @@ bool EditorController::activateCell(std::int32_t x, std::int32_t y, ColumnPositi
   if (!position || !row || !position->value().viewVisible) return false;
   const ColumnRecord& column = position->value();
   parts_.eval.ExprRow = row.number;
-  if (!column.child.isEditable(parts_.eval) || parts_.link.level(row.number) > 0) return false;
+  if (!mayEdit(column) || parts_.link.level(row.number) > 0) return false;
   if (parts_.page.VisibleIndex(row) < 0) return false;
   const CellLayout layout = layoutOf(parts_, column, row);
   const FocusModel& focus = parts_.focus;

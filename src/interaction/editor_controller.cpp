@@ -8,6 +8,7 @@
 #include "interaction/edit_outcome.h"
 #include "interaction/focused_child.h"
 #include "interaction/key_events.h"
+#include "interaction/reading_scope.h"
 
 namespace tessera {
 namespace {
@@ -60,8 +61,7 @@ void EditorController::focusGridIfOutside() {
 }
 
 bool EditorController::firePopup(const XString& colid, std::int32_t row, std::int32_t flag) {
-  const std::array arguments = {XValue::ofText(colid), XValue::ofInt(row), XValue::ofInt(flag)};
-  services_.fire(EventId::OnPopup, arguments);
+  fire<EventId::OnPopup>(parts_, services_, colid, row, flag).last();
   focusGridIfOutside();
   return true;
 }
@@ -78,12 +78,15 @@ bool EditorController::openEditor(bool withPopup) {
   if (!parts_.editor.box) return false;
   const GridWatch watch(parts_, services_);
   cell_ = {colid, column->refColumnId, row, parts_.focus.FocusColumn, parts_.structure, ++lastSerial_};
-  fillBox(*column, row);
+  {
+    const ReadingScope reading(parts_, services_);
+    fillBox(*column, row);
+  }
+  if (!watch.holds() || !parts_.editor.box) return false;
   parts_.editor.active = true;
   const std::uint64_t serial = cell_.serial;
   if (!focusBox(watch, serial)) return false;
-  const std::array arguments = {XValue::ofText(colid), XValue::ofInt(row)};
-  services_.fire(EventId::OnEnter, arguments);
+  fire<EventId::OnEnter>(parts_, services_, colid, row).last();
   return isOpen(serial);
 }
 
@@ -91,6 +94,7 @@ EditRules EditorController::takeRules(const ColumnRecord& column, std::int32_t d
                                       bool& numeric) const {
   const ChildSpec& child = column.child;
   const auto dataSet = parts_.link.holdDataSet();
+  if (!dataSet) return {};  // it has closed in the middle of an answer
   std::int32_t type = columnText;
   std::int32_t length = 0;
   dataSet->GetColumnType(dataColumn, type);
@@ -144,14 +148,12 @@ bool EditorController::focusBox(const GridWatch& watch, std::uint64_t serial) {
 
 std::int32_t EditorController::askExit() {
   constexpr std::int32_t noAnswer = 2;
-  const std::array arguments = {XValue::ofText(cell_.colid), XValue::ofInt(cell_.row),
-                                XValue::ofText(parts_.editor.oldText)};
   askedSerial_ = cell_.serial;
   left_.reset();
   parts_.editor.asking = true;
-  const XValue answer = services_.fire(EventId::OnExit, arguments);
+  const Fired asked = fire<EventId::OnExit>(parts_, services_, cell_.colid, cell_.row, parts_.editor.oldText);
   parts_.editor.asking = false;
-  return answer.type() == VT_I4 ? answer.asInt() : noAnswer;
+  return asked.answer.type() == VT_I4 ? asked.answer.asInt() : noAnswer;
 }
 
 // In a grid that was disabled meanwhile there is nowhere to stay.
@@ -228,8 +230,10 @@ void EditorController::renumber(const RowsChanged& change) {
   cell_.row = row.number;
 }
 
+// The question for the rows comes first: its answer may make the grid anew.
 bool EditorController::cellStands() const {
-  return parts_.link.dataSet() && parts_.structure == cell_.structure && cell_.row <= parts_.link.rowCount();
+  const std::int32_t count = parts_.link.rowCount();
+  return parts_.link.dataSet() && parts_.structure == cell_.structure && cell_.row <= count;
 }
 
 // The data set and the listener of OnPopup may end this edit, and may begin another one.
@@ -285,7 +289,7 @@ bool EditorController::editAllows(char16_t character) {
                   {editor.inputType, editor.limit, editor.decimals});
 }
 
-void EditorController::editCharDone(char16_t) { services_.fire(EventId::OnChar, {}); }
+void EditorController::editCharDone(char16_t) { fire<EventId::OnChar>(parts_, services_).last(); }
 
 bool EditorController::editAllowsComposition() {
   return (parts_.editor.inputType & input_type::numeric) == 0;
@@ -299,7 +303,7 @@ void EditorController::editFocusLost(FocusTarget target) {
     parts_.focus.state = FocusState::Outside;
     tryCommit(CommitMode::FocusLost);
     if (!parts_.window) return;
-    if (parts_.focus.state == FocusState::Outside) services_.fire(EventId::OnKillFocus, {});
+    if (parts_.focus.state == FocusState::Outside) fire<EventId::OnKillFocus>(parts_, services_).last();
   }
   services_.Repaint(nullptr);
 }

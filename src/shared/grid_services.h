@@ -36,10 +36,9 @@ class GridServices {
   virtual void Repaint(const Rect* area) = 0;
   // Fires OnError with the code and its text.
   virtual void ReportError(ErrorCode code) = 0;
-  // Fires an event at all listeners. ask() is true unless the last answer is a VT_BOOL that says false;
-  // fire() gives the last answer, VT_EMPTY without one.
+  // Fires an event at all listeners and gives the last answer, VT_EMPTY without one. Not called by itself:
+  // the typed fire() checks the arguments and tells what has become of the grid.
   virtual XValue fire(EventId id, std::span<const XValue> arguments) = 0;
-  virtual bool ask(EventId id, std::span<const XValue> arguments) = 0;
   // Refreshes the grid if that was put off while it was being read.
   virtual void catchUp() = 0;
 };

@@ -113,7 +113,10 @@ class Reading : public ::testing::Test {
       u"<COLUMN id=\"b\" refcolid=\"B\"><HEADER left=\"80\" right=\"160\" top=\"0\" bottom=\"20\"/>"
       u"<VIEW left=\"80\" right=\"160\" top=\"0\" bottom=\"20\"/>"
       u"<SUPPRESS><REFCOLID>a</REFCOLID></SUPPRESS>"
-      u"<CHILD type=\"lookup\" lookupdataid=\"late\" lookupcode=\"B\" lookuptext=\"A\"/></COLUMN></GRID>";
+      u"<CHILD type=\"lookup\" lookupdataid=\"late\" lookupcode=\"B\" lookuptext=\"A\"/></COLUMN>"
+      u"<COLUMN id=\"c\" refcolid=\"A\"><HEADER left=\"160\" right=\"190\" top=\"0\" bottom=\"20\"/>"
+      u"<VIEW left=\"160\" right=\"190\" top=\"0\" bottom=\"20\"/>"
+      u"<CHILD type=\"edit\" editable=\"@A>0\"/></COLUMN></GRID>";
 
   // All that reads and marks: the opening, paints in both selection modes, presses, keys, texts, widths, a
   // sort.
@@ -132,6 +135,9 @@ class Reading : public ::testing::Test {
     press(100, 50);
     control.HandleMessage(256, 13, 0);  // its list
     press(100, 70);
+    press(190, 50);
+    control.HandleMessage(258, 'x', 0);  // opens the editor
+    control.HandleMessage(256, 13, 0);
     press(60, 30);  // a radio button
     control.HandleMessage(256, 40, 0);
     press(5, 30);  // whole rows
@@ -174,7 +180,7 @@ class Reading : public ::testing::Test {
     if (!control.parts().window) openWindow();
     paint();
     EXPECT_EQ(control.parts().rows.displayCount(), static_cast<std::int32_t>(data->rows.size()));
-    EXPECT_EQ(control.parts().config.columns.count(), 2);
+    EXPECT_EQ(control.parts().config.columns.count(), 3);
   }
 
   XmlDocumentReader documents;
