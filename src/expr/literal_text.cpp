@@ -33,6 +33,12 @@ std::string quoted(std::string_view text) {
   return result + '"';
 }
 
+std::string inBraces(std::string text) {
+  text.insert(text.begin(), '{');
+  text += '}';
+  return text;
+}
+
 }  // namespace
 
 std::string literalText(const XValue& value) {
@@ -40,7 +46,7 @@ std::string literalText(const XValue& value) {
     case VT_BSTR:
       return quoted(value.asText().toUtf8());
     case VT_DATE:
-      return "{" + isoDateText(value.asDouble()).toUtf8() + "}";
+      return inBraces(isoDateText(value.asDouble()).toUtf8());
     case VT_BOOL:
       return value.asBool() ? ".T." : ".F.";
     case VT_EMPTY:
