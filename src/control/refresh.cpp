@@ -114,6 +114,7 @@ void RefreshSequence::show() {
 
 void BuildRows(GridParts& parts, GridServices& services) {
   ++parts.numbering;
+  parts.rowsStale = false;
   parts.focus.FocusRow = noRow;
   parts.focus.SelectedRows.clear();
   parts.page.clear();

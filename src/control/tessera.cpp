@@ -35,7 +35,8 @@ std::int32_t storedCodePage(const XValue& ambient) {
 Tessera::Tessera(const Ports& ports)
     : ports_(ports),
       info_(ports_, parts_.expressions, *this),
-      controllers_(parts_, *this, info_),
+      controllers_(parts_, *this, info_,
+                   [this](std::int32_t row) { notifications_.CurrentRowChanged(ownCallCookie, row); }),
       notifications_(parts_, *this, controllers_.editors, [this] { Refresh(); }),
       properties_(*this) {
   parts_.expressions.setHost(expressionHost_);

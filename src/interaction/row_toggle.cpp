@@ -12,8 +12,8 @@ std::array<XValue, 1> rowArgument(Row row) { return {XValue::ofInt(row.number)};
 }  // namespace
 
 bool RowToggle::hasTree() const {
-  return parts_.link.dataSet() && parts_.config.tree.rowMode != RowMode::Plain && !parts_.rows.isPlain() &&
-         !parts_.page.VisibleRows.empty();
+  return parts_.readings == 0 && parts_.link.dataSet() && parts_.config.tree.rowMode != RowMode::Plain &&
+         !parts_.rows.isPlain() && !parts_.page.VisibleRows.empty();
 }
 
 bool RowToggle::ToggleNode(Row row) {
