@@ -43,6 +43,7 @@ struct GridParts {
   bool refreshDue = false;     // something was to be made anew meanwhile
   RowEchoes echoes;            // of the grid's own changes
   bool rowsStale = false;      // others changed rows that were not arranged anew
+  bool rowsFit = true;         // the rows could be arranged as the columns and the data set ask
   Window* window = nullptr;    // between the window's creation and its destruction
 
   GridToken token() const { return {structure, numbering, window, link.binding()}; }

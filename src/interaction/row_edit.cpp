@@ -91,6 +91,7 @@ void RowEdit::rebuild() {
     const RowBuilder::Rebuilt rebuilt = parts_.rowBuilder().rebuild(groupStates_ ? &*groupStates_ : nullptr);
     moved = rebuilt.moved;
     error_ = rebuilt.error;
+    parts_.rowsFit = !error_ || error_ == ErrorCode::TreeLevelValue;
   }
   if (!moved) return;
   dropPlaceless();

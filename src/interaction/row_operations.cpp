@@ -13,12 +13,11 @@ namespace tessera {
 bool RowOperations::endEdit() { return parts_.readings == 0 && editors_.commitBeforeMove(); }
 
 bool RowOperations::hasRow(std::int32_t number) const {
-  return parts_.link.dataSet() && number >= 0 && number <= parts_.link.rowCount() &&
-         parts_.link.rowCount() > 0;
+  return hasRows() && number >= 0 && number <= parts_.link.rowCount() && parts_.link.rowCount() > 0;
 }
 
 bool RowOperations::mayInsert(std::int32_t index, std::int32_t option) const {
-  if (!parts_.link.dataSet() || option < 0) return false;
+  if (!hasRows() || option < 0) return false;
   const auto place = static_cast<InsertPlace>(option);
   const bool atEnd = place == InsertPlace::First || place == InsertPlace::Last;
   if (index < 0 && !atEnd) return false;

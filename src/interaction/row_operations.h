@@ -33,6 +33,8 @@ class RowOperations {
 
  private:
   RowMode mode() const { return parts_.config.tree.rowMode; }
+  // Rows that could not be arranged may be those of another data set.
+  bool hasRows() const { return parts_.link.dataSet() && (parts_.rowsFit || mode() == RowMode::Plain); }
   bool hasRow(std::int32_t number) const;
   bool mayInsert(std::int32_t index, std::int32_t option) const;
   bool mayMove(std::int32_t source, std::int32_t target, std::int32_t option) const;

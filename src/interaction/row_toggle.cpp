@@ -62,6 +62,8 @@ bool RowToggle::close(Row row) {
 // In row mode the row takes the place of the head.
 void RowToggle::moveFocus(Row row) {
   FocusModel& focus = parts_.focus;
+  const Row left = focus.currentRow();
+  if (left && left != row && !focus.leftFlags.holds(left)) focus.leftFlags.append(left);
   if (focus.CellMode) {
     focus.FocusRow = row;
     return;
