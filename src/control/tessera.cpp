@@ -100,6 +100,7 @@ void Tessera::windowResized() {
 
 void Tessera::onDraw(Canvas& canvas) {
   const ReadingScope reading(parts_, *this);
+  const GridExpressionHost::OnePass sums(expressionHost_);
   const GridFrame frame = parts_.frame();
   const PaintModel model{parts_.config, parts_.settings, frame,         parts_.page, parts_.focus,
                          parts_.rows,   parts_.link,     parts_.images, parts_.eval, parts_.editor.active};
