@@ -91,6 +91,44 @@ void DataLink::text(std::int32_t row, std::int32_t column, XString& result) cons
   ask([&](DataSetControl& dataSet) { dataSet.GetText(row, column, result); });
 }
 
+XString DataLink::textByName(std::int32_t row, const XString& name) const {
+  XString text;
+  ask([&](DataSetControl& dataSet) { dataSet.GetTextByName(row, name, text); });
+  return text;
+}
+
+void DataLink::setValue(std::int32_t row, std::int32_t column, const XValue& value) {
+  ask([&](DataSetControl& dataSet) { dataSet.SetValue(row, column, value); });
+}
+
+void DataLink::setText(std::int32_t row, std::int32_t column, const XString& text) {
+  ask([&](DataSetControl& dataSet) { dataSet.SetText(row, column, text); });
+}
+
+void DataLink::setTextByName(std::int32_t row, const XString& name, const XString& text) {
+  ask([&](DataSetControl& dataSet) { dataSet.SetTextByName(row, name, text); });
+}
+
+std::int32_t DataLink::insertRow(std::int32_t row) {
+  std::int32_t inserted = 0;
+  ask([&](DataSetControl& dataSet) { inserted = dataSet.InsertRow(row); });
+  return inserted;
+}
+
+void DataLink::deleteRow(std::int32_t row) {
+  ask([&](DataSetControl& dataSet) { dataSet.DeleteRow(row); });
+}
+
+void DataLink::commitRows() {
+  ask([&](DataSetControl& dataSet) { dataSet.CommitRows(); });
+}
+
+std::int32_t DataLink::columnCount() const {
+  std::int32_t count = 0;
+  ask([&](DataSetControl& dataSet) { dataSet.GetColumnCount(count); });
+  return count;
+}
+
 std::int32_t DataLink::columnIndex(const XString& name) const {
   if (!dataSet_) return 0;
   if (const auto known = columnIndexes_.find(name); known != columnIndexes_.end()) return known->second;

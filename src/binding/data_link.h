@@ -46,6 +46,16 @@ class DataLink {
   void value(std::int32_t row, std::int32_t column, XValue& result) const;        // VT_EMPTY
   void valueByName(std::int32_t row, const XString& name, XValue& result) const;  // VT_EMPTY
   void text(std::int32_t row, std::int32_t column, XString& result) const;        // empty
+  XString textByName(std::int32_t row, const XString& name) const;                // empty
+
+  void setValue(std::int32_t row, std::int32_t column, const XValue& value);
+  void setText(std::int32_t row, std::int32_t column, const XString& text);
+  void setTextByName(std::int32_t row, const XString& name, const XString& text);
+  // The number of the new row, 0 or less when there is none.
+  std::int32_t insertRow(std::int32_t row);
+  void deleteRow(std::int32_t row);
+  void commitRows();
+  std::int32_t columnCount() const;  // 0
 
   // Column number by name, remembered until forgetColumns(); 0 or less for an unknown name.
   std::int32_t columnIndex(const XString& name) const;

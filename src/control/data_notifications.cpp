@@ -2,6 +2,7 @@
 
 #include "control/refresh.h"
 #include "interaction/reading_scope.h"
+#include "interaction/row_numbers.h"
 
 namespace tessera {
 
@@ -9,6 +10,11 @@ namespace tessera {
 bool DataNotifications::mayChange() {
   if (parts_.window && parts_.readings > 0) parts_.refreshDue = true;
   return parts_.window && parts_.readings == 0;
+}
+
+bool DataNotifications::listening(std::uint64_t& echoes) {
+  if (parts_.link.SelfMove()) ++echoes;
+  return listening();
 }
 
 void DataNotifications::clearSortMarks() {
@@ -43,6 +49,7 @@ HResult DataNotifications::RowsAdded(std::int32_t, std::int32_t rowCount) {
       addTreeRows(rowCount);
       break;
     case RowMode::Group:
+      parts_.rowsStale = true;
       break;
   }
   return S_OK;
@@ -86,17 +93,9 @@ void DataNotifications::loadPage() {
 // What stood on the rows behind the end goes to the last row that is left.
 void DataNotifications::cutRows(std::int32_t count) {
   const bool stood = static_cast<bool>(parts_.focus.currentRow());
-  renumber(RowsChanged::cutTo(count));
+  renumberRows(parts_, editors_, RowsChanged::cutTo(count));
   if (stood && !parts_.focus.currentRow()) selection().follow(parts_.rows.lastDisplayable());
   if (parts_.window) refillFromTop(parts_.frame().rowCapacity());
-}
-
-// Everything that holds rows by their number hears of a change here.
-void DataNotifications::renumber(const RowsChanged& change) {
-  ++parts_.numbering;
-  parts_.focus.renumber(change);
-  parts_.focus.renumber(RowsChanged::cutTo(parts_.rows.rowCount()));
-  editors_.renumber(change);
 }
 
 HResult DataNotifications::CanChange(std::int32_t, std::int32_t, VariantBool& allowed) {
@@ -152,7 +151,7 @@ void DataNotifications::needColumn() {
 }
 
 HResult DataNotifications::RowsReset(std::int32_t) {
-  if (!listening()) return S_OK;
+  if (!listening(parts_.echoes.reset)) return S_OK;
   editors_.forgetRows();
   if (!parts_.window) return S_OK;
   const ReadingScope reading(parts_, services_);
@@ -173,7 +172,8 @@ void DataNotifications::changeRowCount(std::int32_t row, std::int32_t delta) {
   parts_.rows.setPlainCount(addClamped(parts_.rows.rowCount(), delta));
   parts_.updateBars(bar_bit::vertical);
   if (parts_.page.TopOrdinal > row) parts_.page.TopOrdinal += delta;
-  if (!isAppended) renumber(delta > 0 ? RowsChanged::inserted(row) : RowsChanged::deleted(row));
+  if (isAppended) return;
+  renumberRows(parts_, editors_, delta > 0 ? RowsChanged::inserted(row) : RowsChanged::deleted(row));
 }
 
 // The page stays where it is, but for a first row that the rows have shrunk away from.
@@ -206,7 +206,8 @@ void DataNotifications::followCurrentRow() {
 }
 
 HResult DataNotifications::RowInserted(std::int32_t, std::int32_t row) {
-  if (!listening()) return S_OK;
+  if (!listening(parts_.echoes.inserted)) return S_OK;
+  parts_.rowsStale = !isPlain();
   if (isPlain()) {
     changeRowCount(row, 1);
     if (settleRows()) followCurrentRow();
@@ -217,7 +218,8 @@ HResult DataNotifications::RowInserted(std::int32_t, std::int32_t row) {
 
 // A row that is kept changes nothing but its look. In row mode the data set's flags tell what is selected.
 HResult DataNotifications::RowDeleted(std::int32_t, std::int32_t row) {
-  if (!listening()) return S_OK;
+  if (!listening(parts_.echoes.deleted)) return S_OK;
+  parts_.rowsStale = !isPlain();
   const bool gone =
       isPlain() && (!parts_.link.keepDeleted() || parts_.link.rowCount() != parts_.rows.rowCount());
   if (gone) changeRowCount(row, -1);
@@ -233,6 +235,10 @@ HResult DataNotifications::RowDeleted(std::int32_t, std::int32_t row) {
 
 HResult DataNotifications::CellChanged(std::int32_t, std::int32_t row, std::int32_t column) {
   if (!listening()) return S_OK;
+  const TreeInfo& tree = parts_.config.tree;
+  if (tree.rowMode == RowMode::Tree && column == parts_.link.columnIndex(tree.levelColumn)) {
+    parts_.rowsStale = true;
+  }
   parts_.images.ReloadCellImage(parts_.config.columns, parts_.link, column, row);
   services_.Repaint(nullptr);
   return S_OK;

@@ -40,6 +40,8 @@ class DataNotifications : public DataClient, public ImageClient {
  private:
   // False when nothing may come of a notification now.
   bool listening() { return !parts_.link.SelfMove() && mayChange(); }
+  // Counts what comes of the grid's own changes.
+  bool listening(std::uint64_t& echoes);
   bool mayChange();
   void clearSortMarks();
   RowSelection selection() const { return {parts_, services_}; }
@@ -50,7 +52,6 @@ class DataNotifications : public DataClient, public ImageClient {
   void showCount();
   void loadPage();
   void cutRows(std::int32_t count);
-  void renumber(const RowsChanged& change);
   // Ends an edit; false while rows are still to come or to go, or without a window.
   bool settleRows();
   void followCurrentRow();

@@ -1,5 +1,6 @@
 #include "control/grid_expression_host.h"
 
+#include <algorithm>
 #include <array>
 
 #include "shared/change_type.h"
@@ -155,8 +156,17 @@ HResult GridExpressionHost::AggregateValue(std::int32_t current, Aggregate kind,
   const AggregateRow& aggregate = aggregates[number - 1];
   std::int32_t column = 0;
   rows->GetColumnIndex(columnName, column);
-  aggregate.read(*rows, column, aggregate.ofGroup ? groupAround(*rows, current) : RowRange{}, result);
+  const RowRange range = aggregate.ofGroup ? groupAround(*rows, current) : RowRange{};
+  const auto known = std::find_if(sums_.begin(), sums_.end(), [&](const Sum& sum) {
+    return sum.kind == kind && sum.column == column && sum.from == range.from && sum.to == range.to;
+  });
+  if (known != sums_.end()) {
+    result.setDouble(known->value);
+    return S_OK;
+  }
+  aggregate.read(*rows, column, range, result);
   if (!succeeded(changeType(result, VT_R8, result))) result.setDouble(0);
+  if (passes_ > 0) sums_.push_back({kind, column, range.from, range.to, result.asDouble()});
   return S_OK;
 }
 

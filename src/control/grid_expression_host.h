@@ -2,13 +2,15 @@
 
 #pragma once
 
+#include <vector>
+
 #include "binding/data_link.h"
 #include "expr/expression_engine.h"
 
 namespace tessera {
 
 // Reads nothing but the data set that is bound at the moment; without one every reader fails. Sums, groups
-// and neighbours are the data set's work, and are asked for again by each evaluation.
+// and neighbours are the data set's work.
 class GridExpressionHost : public ExpressionHost {
  public:
   explicit GridExpressionHost(const DataLink& link) : link_(link) {}
@@ -19,8 +21,34 @@ class GridExpressionHost : public ExpressionHost {
   HResult AggregateValue(std::int32_t current, Aggregate kind, const XString& columnName, std::int32_t level,
                          XValue& result) const override;
 
+  // Each sum is asked for once while such a scope stands, for a paint or an exported row; otherwise by each
+  // evaluation anew. On the thread that evaluates.
+  class OnePass {
+   public:
+    explicit OnePass(const GridExpressionHost& host) : host_(host) { ++host_.passes_; }
+    ~OnePass() {
+      if (--host_.passes_ == 0) host_.sums_.clear();
+    }
+    OnePass(const OnePass&) = delete;
+    OnePass& operator=(const OnePass&) = delete;
+
+   private:
+    const GridExpressionHost& host_;
+  };
+
  private:
+  // What a data set was asked for, and its answer.
+  struct Sum {
+    Aggregate kind;
+    std::int32_t column = 0;
+    std::int32_t from = 0;
+    std::int32_t to = 0;
+    double value = 0;
+  };
+
   const DataLink& link_;
+  mutable std::int32_t passes_ = 0;
+  mutable std::vector<Sum> sums_;  // of the present pass; few
 };
 
 // Tells the engine the names of the present data set's columns, none without a data set.

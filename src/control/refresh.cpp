@@ -114,10 +114,13 @@ void RefreshSequence::show() {
 
 void BuildRows(GridParts& parts, GridServices& services) {
   ++parts.numbering;
+  parts.rowsStale = false;
   parts.focus.FocusRow = noRow;
   parts.focus.SelectedRows.clear();
+  parts.focus.leftFlags.clear();
   parts.page.clear();
   const auto error = parts.rowBuilder().build();
+  parts.rowsFit = !error || error == ErrorCode::TreeLevelValue;
   if (parts.config.tree.rowMode == RowMode::Group && !error && !parts.config.tree.expand) {
     if (const Row first = parts.rows.first()) parts.link.syncCurrentRow(first.number);
   }

@@ -21,7 +21,8 @@ constexpr std::int32_t defaultIndicatorWidth = 16;
 Tessera::Tessera(const Ports& ports)
     : ports_(ports),
       info_(ports_, parts_.expressions, *this, [this] { pictureArrived(); }),
-      controllers_(parts_, *this, info_),
+      controllers_(parts_, *this, info_,
+                   [this](std::int32_t row) { notifications_.CurrentRowChanged(ownCallCookie, row); }),
       notifications_(parts_, *this, controllers_.editors, [this] { Refresh(); }),
       properties_(*this) {
   parts_.expressions.setHost(expressionHost_);
@@ -86,6 +87,7 @@ void Tessera::windowResized() {
 
 void Tessera::onDraw(Canvas& canvas) {
   const ReadingScope reading(parts_, *this);
+  const GridExpressionHost::OnePass sums(expressionHost_);
   const GridFrame frame = parts_.frame();
   const PaintModel model{parts_.config, parts_.settings, frame,         parts_.page, parts_.focus,
                          parts_.rows,   parts_.link,     parts_.images, parts_.eval, parts_.editor.active};

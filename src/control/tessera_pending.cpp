@@ -7,9 +7,6 @@ namespace tessera {
 
 HResult Tessera::get_LayoutInfo(const XString&, const XString&, XValue&) { return S_OK; }
 HResult Tessera::put_LayoutInfo(const XString&, const XString&, const XValue&) { return S_OK; }
-HResult Tessera::Insert(std::int32_t, std::int32_t, const XString&) { return S_OK; }
-HResult Tessera::Delete(std::int32_t) { return S_OK; }
-HResult Tessera::Move(std::int32_t, std::int32_t, std::int32_t) { return S_OK; }
 HResult Tessera::ExportTitle(std::int32_t, const XString&) { return S_OK; }
 HResult Tessera::ExportFooter(std::int32_t, const XString&) { return S_OK; }
 HResult Tessera::GridToExcel(const XString&, const XString&, std::int32_t) { return S_OK; }

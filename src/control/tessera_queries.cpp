@@ -70,6 +70,21 @@ HResult Tessera::CollapseAll() {
   return S_OK;
 }
 
+HResult Tessera::Insert(std::int32_t index, std::int32_t option, const XString& value) {
+  controllers_.rowOperations.Insert(index, option, value);
+  return S_OK;
+}
+
+HResult Tessera::Delete(std::int32_t index) {
+  controllers_.rowOperations.Delete(index);
+  return S_OK;
+}
+
+HResult Tessera::Move(std::int32_t sourceIndex, std::int32_t targetIndex, std::int32_t option) {
+  controllers_.rowOperations.Move(sourceIndex, targetIndex, option);
+  return S_OK;
+}
+
 HResult Tessera::FitArrange() {
   fitArrange(parts_, *this);
   return S_OK;

@@ -19,6 +19,7 @@ struct FocusModel {
   ColumnPosition FocusColumn = nullptr;    // column of the focus cell; null in row mode
   XString FocusColumnName;                 // dataset column to find the focus column again by
   RowList SelectedRows;                    // row mode; the first is the row of the last selection step
+  RowList leftFlags;                       // neither, but flagged as selected until the next move
   FocusState state = FocusState::Outside;  // where the keyboard focus is
 
   // Every row and column reference goes; modes and the name stay.
@@ -26,6 +27,7 @@ struct FocusModel {
     FocusRow = noRow;
     FocusColumn = nullptr;
     SelectedRows.clear();
+    leftFlags.clear();
   }
   // FocusLeft is where the focus column stands now; to be called whenever columns have moved.
   void followColumn() {
@@ -37,6 +39,7 @@ struct FocusModel {
   void renumber(const RowsChanged& change) {
     if (FocusRow) FocusRow = change(FocusRow);
     SelectedRows.renumber(change);
+    leftFlags.renumber(change);
   }
 };
 

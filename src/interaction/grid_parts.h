@@ -15,6 +15,7 @@
 #include "interaction/editor_model.h"
 #include "interaction/grid_token.h"
 #include "interaction/mouse_model.h"
+#include "interaction/row_echoes.h"
 #include "platform/window.h"
 #include "rows/row_builder.h"
 
@@ -40,6 +41,9 @@ struct GridParts {
   std::int32_t drawHolds = 0;  // nothing is painted while there are any
   std::int32_t readings = 0;   // columns and rows stay as they are while there are any
   bool refreshDue = false;     // something was to be made anew meanwhile
+  RowEchoes echoes;            // of the grid's own changes
+  bool rowsStale = false;      // others changed rows that were not arranged anew
+  bool rowsFit = true;         // the rows could be arranged as the columns and the data set ask
   Window* window = nullptr;    // between the window's creation and its destruction
 
   GridToken token() const { return {structure, numbering, window, link.binding()}; }

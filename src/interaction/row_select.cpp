@@ -26,7 +26,9 @@ bool RowSelection::flag(const RowList& off, const RowList& on) {
       return watch.holds();
     };
   };
+  const RowList left = std::exchange(parts_.focus.leftFlags, {});
   parts_.link.moveSelf([&] {
+    left.visitWhile(mark(false));
     off.visitWhile(mark(false));
     on.visitWhile(mark(true));
   });

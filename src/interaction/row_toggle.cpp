@@ -5,8 +5,8 @@
 
 namespace tessera {
 bool RowToggle::hasTree() const {
-  return parts_.link.dataSet() && parts_.config.tree.rowMode != RowMode::Plain && !parts_.rows.isPlain() &&
-         !parts_.page.VisibleRows.empty();
+  return parts_.readings == 0 && parts_.link.dataSet() && parts_.config.tree.rowMode != RowMode::Plain &&
+         !parts_.rows.isPlain() && !parts_.page.VisibleRows.empty();
 }
 
 bool RowToggle::ToggleNode(Row row) {
@@ -56,6 +56,8 @@ bool RowToggle::close(Row row) {
 // In row mode the row takes the place of the head.
 void RowToggle::moveFocus(Row row) {
   FocusModel& focus = parts_.focus;
+  const Row left = focus.currentRow();
+  if (left && left != row && !focus.leftFlags.holds(left)) focus.leftFlags.append(left);
   if (focus.CellMode) {
     focus.FocusRow = row;
     return;

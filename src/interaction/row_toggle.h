@@ -22,7 +22,8 @@ class RowToggle {
   // grid meanwhile. The callers repaint.
   bool ToggleNode(Row row);
 
-  // Automation. Nothing in a plain grid, without rows on the page, and for a row that is not as it must be.
+  // Automation. Nothing in a plain grid, without rows on the page, while the grid is being read, and for a
+  // row that is not as it must be.
   void expand(std::int32_t number) { toggleFrom(RowState::Collapsed, number); }
   void collapse(std::int32_t number) { toggleFrom(RowState::Expanded, number); }
   void expandAll();

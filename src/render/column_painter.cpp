@@ -28,7 +28,7 @@ class ColumnPainter {
   void paint() {
     const std::vector<RowView>& page = context_.scratch.rows;
     for (std::size_t index = 0; index < page.size();) {
-      const std::int32_t rows = paintRow(page[index], static_cast<std::int32_t>(page.size() - index));
+      const std::int32_t rows = paintRow(page[index], mostRows(index));
       if (rows < 0) return;
       if (rows == 0) {
         ++index;
@@ -46,6 +46,17 @@ class ColumnPainter {
   bool isFocusColumn() const {
     const ColumnPosition focus = context_.model.focus.FocusColumn;
     return focus && focus->value().id == column_.id;
+  }
+
+  // How many rows of the page from here on follow each other in the data set, too: no merged cell goes on
+  // beyond them.
+  std::int32_t mostRows(std::size_t index) const {
+    const std::vector<RowView>& page = context_.scratch.rows;
+    const std::int32_t first = page[index].row.number;
+    std::int32_t count = 1;
+    if (column_.suppressRefs.empty()) return count;
+    while (++index < page.size() && page[index].row.number == first + count) ++count;
+    return count;
   }
 
   // The rows of the page that the cell took: 0 for a row without a place, endOfColumn when no further row is

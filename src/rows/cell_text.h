@@ -13,10 +13,9 @@ namespace tessera {
 // Buffers that are used again from cell to cell, so that warm readers allocate nothing.
 struct TextScratch {
   XValue value;
-  XString code;     // what a combo or lookup cell translates
-  XString key;      // of the first row of a run of merged cells
-  XString nextKey;  // of the row that is compared with it
-  XString part;     // one column's share of a key
+  XString code;  // what a combo or lookup cell translates
+  XString key;   // of the first row of a run of merged cells
+  XString part;  // one column's share of a key
 };
 
 // Where texts come from. Every thread brings its own `eval` and `scratch`.

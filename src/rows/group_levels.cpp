@@ -41,14 +41,18 @@ std::optional<GroupLevels> parseSubsumExpr(const XString& text, const DataLink& 
   return groups;
 }
 
+std::int32_t groupLevelOf(const DataLink& link, const GroupLevels& groups, std::int32_t row) {
+  const std::int32_t key = link.level(row);
+  const auto group = std::find_if(groups.begin(), groups.end(),
+                                  [key](const GroupLevel& each) { return key != 0 && each.key == key; });
+  return static_cast<std::int32_t>(group - groups.begin()) + 1;
+}
+
 std::vector<std::int32_t> readGroupLevels(const DataLink& link, const GroupLevels& groups) {
   std::vector<std::int32_t> levels(static_cast<std::size_t>(std::max(link.rowCount(), 0)));
   std::int32_t current = 0;
   for (std::size_t index = levels.size(); index-- > 0;) {
-    const std::int32_t key = link.level(static_cast<std::int32_t>(index) + 1);
-    const auto group = std::find_if(groups.begin(), groups.end(),
-                                    [key](const GroupLevel& each) { return key != 0 && each.key == key; });
-    const auto level = static_cast<std::int32_t>(group - groups.begin()) + 1;
+    const std::int32_t level = groupLevelOf(link, groups, static_cast<std::int32_t>(index) + 1);
     const bool fits = level <= current + 1;
     levels[index] = fits ? level : OutlineEntry::noLevel;
     if (fits) current = level;

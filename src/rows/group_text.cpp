@@ -1,5 +1,7 @@
 #include "rows/group_text.h"
 
+#include <algorithm>
+
 #include "config/format_value.h"
 #include "shared/compare.h"
 
@@ -13,13 +15,14 @@ void inheritedText(const TextSource& source, const ColumnRecord& column, std::in
   for (std::int32_t above = row - 1; above >= 1; --above) {
     level = source.link.level(above);
     if (level > 0) continue;
-    if (level < 0) return;
+    if (level < 0) break;
     const std::int32_t present = source.eval.ExprRow;
     source.eval.ExprRow = above;
     cellText(source, column, above, columnIndex, text);
     source.eval.ExprRow = present;
     return;
   }
+  level = std::max(level, 0);
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "rows/outline.h"
 
 #include <algorithm>
-#include <vector>
 
 namespace tessera {
 namespace {
@@ -53,16 +52,41 @@ void Outline::assign(Parents parents, bool expanded, std::span<const std::int32_
   rows_.append(entries);
 }
 
-void Outline::append(std::span<const std::int32_t> levels) {
+// The rows that come stand below `parent`; in the order of levels from the parents' side.
+std::vector<OutlineEntry> Outline::makeBelow(std::int32_t parent,
+                                             std::span<const std::int32_t> levels) const {
   EntryMaker maker(parentState());
+  std::vector<OutlineEntry> path;
+  for (std::int32_t row = parent; row >= 0; row = this->parent(row)) path.push_back(rows_.at(row));
+  std::for_each(path.rbegin(), path.rend(), [&](const OutlineEntry& entry) { maker.follow(entry); });
+  return maker.make(levels);
+}
+
+void Outline::append(std::span<const std::int32_t> levels) {
   const std::int32_t last = size() - 1;
-  if (last >= 0) {
-    std::vector<std::int32_t> path;
-    for (std::int32_t row = last; row >= 0; row = parent(row)) path.push_back(row);
-    std::for_each(path.rbegin(), path.rend(), [&](std::int32_t row) { maker.follow(rows_.at(row)); });
-    if (!levels.empty() && levels.front() > level(last)) rows_.setState(last, parentState());
-  }
-  rows_.append(maker.make(levels));
+  const std::vector<OutlineEntry> entries = makeBelow(last, levels);
+  if (last >= 0 && !levels.empty() && levels.front() > level(last)) rows_.setState(last, parentState());
+  rows_.append(entries);
+}
+
+void Outline::insert(std::int32_t position, std::span<const std::int32_t> levels) {
+  const bool first = parents_ == Parents::First;
+  const std::int32_t above = parentFor(position, first ? levels.front() : levels.back());
+  std::vector<std::int32_t> fromParents(levels.begin(), levels.end());
+  if (!first) std::reverse(fromParents.begin(), fromParents.end());
+  std::vector<OutlineEntry> entries = makeBelow(above, fromParents);
+  if (!first) std::reverse(entries.begin(), entries.end());
+  if (above >= 0 && state(above) == RowState::Leaf) rows_.setState(above, parentState());
+  rows_.insert(position, entries);
+}
+
+void Outline::erase(std::int32_t first, std::int32_t behind) {
+  if (first >= behind) return;
+  const bool parentsFirst = parents_ == Parents::First;
+  std::int32_t above = parent(parentsFirst ? first : behind - 1);
+  rows_.erase(first, behind);
+  if (!parentsFirst && above >= 0) above -= behind - first;
+  if (above >= 0 && !hasChildren(above)) rows_.setState(above, RowState::Leaf);
 }
 
 Outline::Range Outline::subtree(std::int32_t position) const {
@@ -72,15 +96,34 @@ Outline::Range Outline::subtree(std::int32_t position) const {
   return {position + 1, behind < 0 ? size() : behind};
 }
 
-std::int32_t Outline::parent(std::int32_t position) const {
-  const std::int32_t above = level(position) - 1;
-  return parents_ == Parents::Last ? rows_.firstUpTo(above, position + 1) : rows_.lastUpTo(above, position);
+std::int32_t Outline::parentFor(std::int32_t position, std::int32_t level) const {
+  return parents_ == Parents::Last ? rows_.firstUpTo(level - 1, position)
+                                   : rows_.lastUpTo(level - 1, position);
 }
 
-bool Outline::hasNextSibling(std::int32_t position) const {
+std::int32_t Outline::parent(std::int32_t position) const {
   const std::int32_t own = level(position);
-  const std::int32_t next = rows_.firstUpTo(own, position + 1);
-  return next >= 0 && level(next) == own;
+  return parentFor(parents_ == Parents::Last ? position + 1 : position, own);
+}
+
+std::int32_t Outline::ofLevel(std::int32_t position, std::int32_t level) const {
+  return position >= 0 && this->level(position) == level ? position : -1;
+}
+
+std::int32_t Outline::nextSibling(std::int32_t position) const {
+  const std::int32_t own = level(position);
+  return ofLevel(rows_.firstUpTo(own, position + 1), own);
+}
+
+std::int32_t Outline::previousSibling(std::int32_t position) const {
+  const std::int32_t own = level(position);
+  return ofLevel(rows_.lastUpTo(own, position), own);
+}
+
+bool Outline::hasChildren(std::int32_t position) const {
+  const std::int32_t below = level(position) + 1;
+  const bool last = parents_ == Parents::Last;
+  return ofLevel(last ? rows_.lastUpTo(below, position) : rows_.firstUpTo(below, position + 1), below) >= 0;
 }
 
 bool Outline::isBefore(std::int32_t a, std::int32_t b) const {

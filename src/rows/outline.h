@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <span>
+#include <vector>
 
 #include "rows/outline_sequence.h"
 
@@ -25,6 +26,11 @@ class Outline {
   void assign(Parents parents, bool expanded, std::span<const std::int32_t> levels);
   // More rows at the end of a preorder; the same must hold.
   void append(std::span<const std::int32_t> levels);
+  // Rows that come in at `position`: one and all that stands below it, or that one alone. What must hold: the
+  // outline is one with them, and no row gets another parent.
+  void insert(std::int32_t position, std::span<const std::int32_t> levels);
+  // Rows that go. What must hold: whole subtrees.
+  void erase(std::int32_t first, std::int32_t behind);
 
   std::int32_t size() const { return rows_.size(); }
   std::int32_t shown() const { return rows_.shownBefore(size()); }
@@ -39,7 +45,18 @@ class Outline {
   Range subtree(std::int32_t position) const;
   // -1 without one.
   std::int32_t parent(std::int32_t position) const;
-  bool hasNextSibling(std::int32_t position) const;
+  bool hasNextSibling(std::int32_t position) const { return nextSibling(position) >= 0; }
+  // -1 without one.
+  std::int32_t nextSibling(std::int32_t position) const;
+  std::int32_t previousSibling(std::int32_t position) const;
+  bool hasChildren(std::int32_t position) const;
+  // The first row from `from` on in this state, -1 without one.
+  std::int32_t firstIn(RowState state, std::int32_t from) const { return rows_.firstIn(state, from); }
+  // Calls visit(level, state) for all rows.
+  template <class Visit>
+  void visitAll(Visit visit) const {
+    rows_.visitAll([&visit](const OutlineEntry& entry) { visit(entry.level, entry.state); });
+  }
   // Whether `a` stands before `b` where all rows are shown.
   bool isBefore(std::int32_t a, std::int32_t b) const;
 
@@ -58,6 +75,10 @@ class Outline {
 
  private:
   std::int32_t nthOfPostorder(std::int32_t ordinal) const;
+  std::int32_t ofLevel(std::int32_t position, std::int32_t level) const;
+  // Where a row of this level at `position` would find its parent, -1 for none.
+  std::int32_t parentFor(std::int32_t position, std::int32_t level) const;
+  std::vector<OutlineEntry> makeBelow(std::int32_t parent, std::span<const std::int32_t> levels) const;
   void toggle(std::int32_t position, RowState state, std::int32_t hidden);
   RowState parentState() const { return expanded_ ? RowState::Expanded : RowState::Collapsed; }
 

@@ -112,20 +112,32 @@ void OutlineSequence::addHidden(Tree& tree, std::int32_t first, std::int32_t beh
   sumAll(*tree);
 }
 
-void OutlineSequence::setState(std::int32_t position, RowState state) {
-  Block* block = root_.get();
-  while (true) {
-    const std::int32_t before = rowsOf(block->before);
-    if (position < before) {
-      block = block->before.get();
-    } else if (position < before + block->count) {
-      block->entries[static_cast<std::size_t>(position - before)].state = state;
-      return;
-    } else {
-      position -= before + block->count;
-      block = block->behind.get();
+std::int32_t OutlineSequence::firstIn(const Tree& tree, RowState state, std::int32_t from) {
+  if (!tree || from >= tree->rows || (tree->all.states & bitOf(state)) == 0) return -1;
+  const std::int32_t before = rowsOf(tree->before);
+  const std::int32_t inFront = firstIn(tree->before, state, from);
+  if (inFront >= 0) return inFront;
+  if ((tree->own.states & bitOf(state)) != 0) {
+    for (std::int32_t index = std::max(from - before, 0); index < tree->count; ++index) {
+      if (tree->entries[static_cast<std::size_t>(index)].state == state) return before + index;
     }
   }
+  const std::int32_t here = before + tree->count;
+  const std::int32_t found = firstIn(tree->behind, state, std::max(from - here, 0));
+  return found < 0 ? -1 : here + found;
+}
+
+void OutlineSequence::setState(Block& block, std::int32_t position, RowState state) {
+  const std::int32_t before = rowsOf(block.before);
+  if (position < before) {
+    setState(*block.before, position, state);
+  } else if (position < before + block.count) {
+    block.entries[static_cast<std::size_t>(position - before)].state = state;
+    sumOwn(block);
+  } else {
+    setState(*block.behind, position - before - block.count, state);
+  }
+  sumAll(block);
 }
 
 void OutlineSequence::append(std::span<const OutlineEntry> entries) {
@@ -136,9 +148,11 @@ void OutlineSequence::append(std::span<const OutlineEntry> entries) {
   }
 }
 
-void OutlineSequence::insert(std::int32_t position, const OutlineEntry& entry) {
+void OutlineSequence::insert(std::int32_t position, std::span<const OutlineEntry> entries) {
   auto [front, back] = split(std::move(root_), position);
-  root_ = join(join(std::move(front), blockOf({&entry, 1})), std::move(back));
+  root_ = std::move(front);
+  append(entries);
+  root_ = join(std::move(root_), std::move(back));
 }
 
 void OutlineSequence::erase(std::int32_t first, std::int32_t behind) {
@@ -152,12 +166,13 @@ void OutlineSequence::Summary::include(const Summary& other) {
   if (other.leastHidden < leastHidden) leastCount = 0;
   if (other.leastHidden <= leastHidden) leastCount += other.leastCount;
   leastHidden = std::min(leastHidden, other.leastHidden);
+  states |= other.states;
 }
 
 void OutlineSequence::sumOwn(Block& block) {
   block.own = {};
   std::for_each_n(block.entries.begin(), block.count, [&block](const OutlineEntry& entry) {
-    block.own.include({entry.level, entry.hidden, 1});
+    block.own.include({entry.level, entry.hidden, 1, bitOf(entry.state)});
   });
 }
 

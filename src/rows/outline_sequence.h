@@ -46,11 +46,15 @@ class OutlineSequence {
     return lastUpTo(root_, level, behind);
   }
 
+  // The first entry from `from` on in this state; -1 without one.
+  std::int32_t firstIn(RowState state, std::int32_t from) const { return firstIn(root_, state, from); }
+
   void clear() { root_.reset(); }
   void append(std::span<const OutlineEntry> entries);
-  void insert(std::int32_t position, const OutlineEntry& entry);
+  // What stood at `position` comes behind them.
+  void insert(std::int32_t position, std::span<const OutlineEntry> entries);
   void erase(std::int32_t first, std::int32_t behind);
-  void setState(std::int32_t position, RowState state);
+  void setState(std::int32_t position, RowState state) { setState(*root_, position, state); }
   // For all entries from `first` up to, but not including, `behind`.
   void addHidden(std::int32_t first, std::int32_t behind, std::int32_t delta) {
     addHidden(root_, first, behind, delta);
@@ -59,6 +63,11 @@ class OutlineSequence {
   template <class Change>
   void changeAll(Change change) {
     changeAll(root_, change);
+  }
+  // Calls visit(const OutlineEntry&) for all entries in order, whose `hidden` means nothing. Linear.
+  template <class Visit>
+  void visitAll(Visit visit) const {
+    visitAll(root_, visit);
   }
 
  private:
@@ -69,6 +78,7 @@ class OutlineSequence {
     std::int32_t lowestLevel = INT32_MAX;
     std::int32_t leastHidden = INT32_MAX;
     std::int32_t leastCount = 0;  // entries with leastHidden
+    std::uint32_t states = 0;     // bit RowState of each that occurs
 
     void include(const Summary& other);
   };
@@ -93,10 +103,14 @@ class OutlineSequence {
   }
   static std::int32_t firstUpTo(const Tree& tree, std::int32_t level, std::int32_t from);
   static std::int32_t lastUpTo(const Tree& tree, std::int32_t level, std::int32_t behind);
+  static std::int32_t firstIn(const Tree& tree, RowState state, std::int32_t from);
+  static std::uint32_t bitOf(RowState state) { return 1u << static_cast<std::uint32_t>(state); }
   static void addHidden(Tree& tree, std::int32_t first, std::int32_t behind, std::int32_t delta);
   static void setState(Block& block, std::int32_t position, RowState state);
   template <class Change>
   static void changeAll(Tree& tree, Change& change);
+  template <class Visit>
+  static void visitAll(const Tree& tree, Visit& visit);
 
   static void sumOwn(Block& block);
   static void sumAll(Block& block);
@@ -120,6 +134,14 @@ void OutlineSequence::changeAll(Tree& tree, Change& change) {
   changeAll(tree->behind, change);
   sumOwn(*tree);
   sumAll(*tree);
+}
+
+template <class Visit>
+void OutlineSequence::visitAll(const Tree& tree, Visit& visit) {
+  if (!tree) return;
+  visitAll(tree->before, visit);
+  std::for_each_n(tree->entries.begin(), tree->count, visit);
+  visitAll(tree->behind, visit);
 }
 
 }  // namespace tessera

@@ -4,9 +4,11 @@
 
 #include <cstdint>
 #include <optional>
+#include <vector>
 
 #include "binding/data_link.h"
 #include "config/grid_config.h"
+#include "rows/group_states.h"
 #include "rows/row_tree.h"
 #include "shared/grid_services.h"
 
@@ -24,9 +26,29 @@ struct RowBuilder {
   // The data set has `count` rows now, the new ones at its end; for a tree that has rows already.
   std::optional<ErrorCode> continueTree(std::int32_t count);
 
+  struct Rebuilt {
+    bool moved = false;  // some row has another place, or none
+    std::optional<ErrorCode> error;
+  };
+  // As build(), but nothing happens where all rows stand as the data set has them, and what is open or closed
+  // stays so: in a tree by row number, in groups as `states` say. What must hold: not in a plain grid.
+  Rebuilt rebuild(const GroupStates* states);
+  // The level that the data set gives a row.
+  std::int32_t levelOf(Row row) const;
+
  private:
-  std::optional<ErrorCode> buildTree();
-  std::optional<ErrorCode> buildGroups();
+  struct Arrangement {
+    ColumnPosition treeColumn = nullptr;  // null: the rows stay as they are
+    GroupLevels groups;
+    std::vector<std::int32_t> levels;
+    std::optional<ErrorCode> error;
+  };
+
+  Arrangement read() const;
+  void readTree(Arrangement& found) const;
+  void readGroups(Arrangement& found) const;
+  void arrange(const Arrangement& found);
+  bool stand(const Arrangement& found) const;
   // The one tree column, or what is wrong with it.
   std::optional<ErrorCode> findTreeColumn(ColumnPosition& found) const;
 };

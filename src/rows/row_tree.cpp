@@ -32,6 +32,16 @@ void RowTree::buildGroups(GroupLevels groups, bool expanded, std::span<const std
 
 void RowTree::appendToTree(std::span<const std::int32_t> levels) { outline_.append(levels); }
 
+void RowTree::insert(Row row, std::span<const std::int32_t> levels) {
+  if (isPlain_) return setPlainCount(plainCount_ + static_cast<std::int32_t>(levels.size()));
+  outline_.insert(positionOf(row), levels);
+}
+
+void RowTree::erase(Row row, std::int32_t count) {
+  if (isPlain_) return setPlainCount(plainCount_ - count);
+  outline_.erase(positionOf(row), positionOf(row) + count);
+}
+
 void RowTree::toggle(Row row) {
   const std::int32_t position = positionOf(row);
   if (outline_.state(position) == RowState::Collapsed) {
@@ -72,6 +82,26 @@ bool RowTree::isAncestor(Row row, Row ancestor) const {
   if (isPlain_) return false;
   const Outline::Range below = outline_.subtree(positionOf(ancestor));
   return positionOf(row) >= below.first && positionOf(row) < below.behind;
+}
+
+Row RowTree::parent(Row row) const { return isPlain_ ? noRow : rowAt(outline_.parent(positionOf(row))); }
+
+Row RowTree::nextSibling(Row row) const {
+  return isPlain_ ? find(row.number + 1) : rowAt(outline_.nextSibling(positionOf(row)));
+}
+
+Row RowTree::previousSibling(Row row) const {
+  return isPlain_ ? find(row.number - 1) : rowAt(outline_.previousSibling(positionOf(row)));
+}
+
+RowTree::Span RowTree::subtree(Row row) const {
+  if (isPlain_) return {row, 1};
+  const Outline::Range below = outline_.subtree(positionOf(row));
+  return {rowAt(std::min(positionOf(row), below.first)), below.behind - below.first + 1};
+}
+
+Row RowTree::firstIn(RowState state, Row from) const {
+  return isPlain_ ? noRow : rowAt(outline_.firstIn(state, positionOf(from)));
 }
 
 std::uint64_t RowTree::goesOnBit(std::int32_t position) const {

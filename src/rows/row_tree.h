@@ -29,6 +29,10 @@ class RowTree {
   void buildGroups(GroupLevels groups, bool expanded, std::span<const std::int32_t> levels);
   // More rows at the end of a tree.
   void appendToTree(std::span<const std::int32_t> levels);
+  // Rows come in from `row` on, as Outline::insert() says; in a plain tree as many as there are levels.
+  void insert(Row row, std::span<const std::int32_t> levels);
+  // `count` rows from `row` on go, as Outline::erase() says.
+  void erase(Row row, std::int32_t count);
 
   // Opens or closes a row that has children; what was open or closed below it stays so.
   void toggle(Row row);
@@ -62,7 +66,26 @@ class RowTree {
   // Whether `a` stands before `b` in the order of the tree.
   bool isBefore(Row a, Row b) const;
   bool isAncestor(Row row, Row ancestor) const;
+  // noRow where there is none. All rows of a plain tree are siblings.
+  Row parent(Row row) const;
+  Row nextSibling(Row row) const;
+  Row previousSibling(Row row) const;
+  // The rows that stand with `row` and below it, in the order of the data set.
+  struct Span {
+    Row first;
+    std::int32_t count = 0;
+  };
+  Span subtree(Row row) const;
+  // The first row from `from` on in this state, noRow without one.
+  Row firstIn(RowState state, Row from) const;
+  // Calls visit(level, state) for all rows of an outline in the order of the data set.
+  template <class Visit>
+  void visitOutline(Visit visit) const {
+    outline_.visitAll(visit);
+  }
 
+  // As RowView says.
+  std::int32_t level(Row row) const { return isPlain_ ? 0 : outline_.level(positionOf(row)); }
   RowState state(Row row) const { return isPlain_ ? RowState::Leaf : outline_.state(positionOf(row)); }
   RowView view(Row row) const;
   // The views of displayable rows that follow each other.

@@ -43,13 +43,13 @@ void textOfLevel(const TextSource& source, const ColumnRecord& column, std::int3
   }
 }
 
-// Equal keys make a run. The parts stand side by side without a separator. A row below level 0 shows no text,
-// but is told from its neighbours by the text that it would show.
-void keyOf(const TextSource& source, const ColumnRecord& column, std::int32_t row, XString& key) {
+// Calls visit(text) for the texts that make up the key of a row, until it gives false. A row below level 0
+// shows no text, but is told from its neighbours by the text that it would show.
+template <class Visit>
+void visitKey(const TextSource& source, const ColumnRecord& column, std::int32_t row, Visit visit) {
   source.eval.ExprRow = row;
   const std::int32_t rowLevel = source.link.level(row);
   XString& part = source.scratch.part;
-  key.assign({});
   for (const SuppressRef& entry : column.suppressRefs) {
     if (!entry.column) continue;
     if (rowLevel > 0) {
@@ -58,20 +58,31 @@ void keyOf(const TextSource& source, const ColumnRecord& column, std::int32_t ro
     } else {
       cellText(source, *entry.column, row, entry.index, part);
     }
-    key.append(part);
+    if (!visit(part.view())) return;
   }
+}
+
+// The parts of a key stand side by side without a separator; a row that differs early is asked no further.
+bool hasKey(const TextSource& source, const ColumnRecord& column, std::int32_t row, std::u16string_view key) {
+  bool same = true;
+  visitKey(source, column, row, [&](std::u16string_view part) {
+    same = key.starts_with(part);
+    if (same) key.remove_prefix(part.size());
+    return same;
+  });
+  return same && key.empty();
 }
 
 std::int32_t runLength(const TextSource& source, const ColumnRecord& column, std::int32_t row,
                        std::int32_t mostRows) {
-  TextScratch& scratch = source.scratch;
-  keyOf(source, column, row, scratch.key);
+  XString& key = source.scratch.key;
+  key.assign({});
+  visitKey(source, column, row, [&key](std::u16string_view part) {
+    key.append(part);
+    return true;
+  });
   std::int32_t length = 1;
-  while (length < mostRows) {
-    keyOf(source, column, row + length, scratch.nextKey);
-    if (!(scratch.nextKey == scratch.key)) break;
-    ++length;
-  }
+  while (length < mostRows && hasKey(source, column, row + length, key)) ++length;
   source.eval.ExprRow = row;
   return length;
 }

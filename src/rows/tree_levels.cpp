@@ -3,16 +3,12 @@
 #include "shared/change_type.h"
 
 namespace tessera {
-namespace {
-
-// 0 for what is no whole number.
-std::int32_t levelOf(const XValue& value) {
+std::int32_t treeLevelOf(const DataLink& link, std::int32_t levelColumn, std::int32_t row) {
+  XValue value;
+  link.value(row, levelColumn, value);
   if (value.type() == VT_I4) return value.asInt();
-  XValue whole;
-  return changeType(value, VT_I4, whole) == S_OK ? whole.asInt() : 0;
+  return changeType(value, VT_I4, value) == S_OK ? value.asInt() : 0;
 }
-
-}  // namespace
 
 TreeLevels readTreeLevels(const DataLink& link, const XString& levelColumn, std::int32_t before,
                           std::int32_t upTo, std::int32_t lastLevel) {
@@ -23,10 +19,8 @@ TreeLevels readTreeLevels(const DataLink& link, const XString& levelColumn, std:
     return result;
   }
   if (upTo > before) result.levels.reserve(static_cast<std::size_t>(upTo - before));
-  XValue value;
   for (std::int32_t done = before; done < upTo; ++done) {
-    link.value(done + 1, column, value);
-    const std::int32_t level = levelOf(value);
+    const std::int32_t level = treeLevelOf(link, column, done + 1);
     if (level < 1 || level > lastLevel + 1) {
       result.error = ErrorCode::TreeLevelValue;
       return result;

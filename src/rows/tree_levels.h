@@ -16,6 +16,9 @@ struct TreeLevels {
   std::optional<ErrorCode> error;
 };
 
+// The level of a row alone, by a column of the data set; 0 for what is no whole number.
+std::int32_t treeLevelOf(const DataLink& link, std::int32_t levelColumn, std::int32_t row);
+
 // Levels from a column of the data set, which reads like an outline: a row may go down one level at most and
 // up by any number. For the rows behind `before` up to `upTo`, the first of them following a row of level
 // `lastLevel` (0: nothing stands before it). Texts count as the whole numbers that they say.
