@@ -286,6 +286,20 @@ struct Transcript {
   std::vector<Command> commands;
 };
 
+// "! A(); B() (x 2)" are three events.
+void addEvents(const std::string& line, Lines& events) {
+  std::istringstream words(line.substr(2));
+  for (std::string event; std::getline(words, event, ';');) {
+    if (event.starts_with(' ')) event.erase(0, 1);
+    int count = 1;
+    if (const std::size_t mark = event.rfind(" (x "); mark != std::string::npos) {
+      count = std::atoi(event.c_str() + mark + 4);
+      event.erase(mark);
+    }
+    events.insert(events.end(), static_cast<std::size_t>(count), "! " + event);
+  }
+}
+
 Transcript readTranscript(const std::string& name) {
   Transcript transcript;
   std::ifstream file(TESSERA_SOURCE_DIR "/tests/console/" + name + ".transcript");
@@ -296,9 +310,11 @@ Transcript readTranscript(const std::string& name) {
     if (line.starts_with("# form ")) {
       transcript.form = line.substr(7);
     } else if (line.starts_with("> ")) {
-      transcript.commands.push_back({line.substr(2), {}, {}});
+      const std::size_t value = line.find("  = ");
+      transcript.commands.push_back({line.substr(2, value - 2), {}, {}});
+      if (value != std::string::npos) transcript.commands.back().reply.push_back(line.substr(value + 2));
     } else if (line.starts_with("! ")) {
-      transcript.commands.back().events.push_back(line);
+      addEvents(line, transcript.commands.back().events);
     } else if (!line.starts_with('#') && line != "ok" && !transcript.commands.empty()) {
       // Where a list stands is told by its window.
       const bool isListPlace = transcript.commands.back().text == "list" && line.starts_with("open ");
