@@ -122,7 +122,7 @@ TEST_F(CellText, GroupTextByItsKeyword) {
   XString result;
   GroupText(source(), column, 3, 1, level, result);
   EXPECT_EQ(result.toUtf8(), "");
-  EXPECT_EQ(level, -3);
+  EXPECT_EQ(level, 0);
   group.setDynamic(DynamicSlot::Text, &program);
   eval.ExprRow = 3;
   level = 2;
