@@ -33,12 +33,6 @@ std::string quoted(std::string_view text) {
   return result + '"';
 }
 
-std::string inBraces(std::string text) {
-  text.insert(text.begin(), '{');
-  text += '}';
-  return text;
-}
-
 }  // namespace
 
 std::string literalText(const XValue& value) {
@@ -46,7 +40,7 @@ std::string literalText(const XValue& value) {
     case VT_BSTR:
       return quoted(value.asText().toUtf8());
     case VT_DATE:
-      return inBraces(isoDateText(value.asDouble()).toUtf8());
+      return "{" + isoDateText(value.asDouble()).toUtf8() + "}";
     case VT_BOOL:
       return value.asBool() ? ".T." : ".F.";
     case VT_EMPTY:
