@@ -82,17 +82,17 @@ class OutlineBench {
     std::vector<double> in, moved, out;
     for (int round = 0; round < rounds; ++round) {
       data_->sumFrom(level);
-      in.push_back(milliseconds([&] { control_.Insert(row, 0, u""); }));
+      in.push_back(beyondData([&] { control_.Insert(row, 0, u""); }));
       const std::int32_t came = parts().focus.FocusRow.number;
-      moved.push_back(milliseconds([&] { control_.Move(leaf, leaf + 1, 0); }));
-      out.push_back(milliseconds([&] { control_.Delete(came); }));
+      moved.push_back(beyondData([&] { control_.Move(leaf, leaf + 1, 0); }));
+      out.push_back(beyondData([&] { control_.Delete(came); }));
     }
     good_ &= check("insert", median(in), oneBudgetMs, "ms");
     good_ &= check("move", median(moved), oneBudgetMs, "ms");
     good_ &= check("delete", median(out), oneBudgetMs, "ms");
     good_ &= expect("all that came went", data_->rowCount() == before);
     const std::int32_t size = rows().subtree({run}).count;
-    const double time = milliseconds([&] { control_.Delete(run); });
+    const double time = beyondData([&] { control_.Delete(run); });
     std::printf("%-46s %9d\n", "rows below one", size);
     good_ &= check("delete it with them, for ten thousand rows", time * 1e4 / size, runBudgetMs, "ms");
     good_ &= expect("they went", data_->rowCount() < before && isTheDatas());
@@ -111,6 +111,12 @@ class OutlineBench {
   }
   const GridParts& parts() const { return control_.parts(); }
   const RowTree& rows() const { return parts().rows; }
+  template <class Work>
+  double beyondData(Work work) {
+    data_->ownMilliseconds();
+    const double all = milliseconds(work);
+    return all - data_->ownMilliseconds();
+  }
   template <class Work>
   static double each(Work work) {
     std::vector<double> times;
@@ -145,7 +151,7 @@ bool besidePeer(OutlineBench& bench, const OutlineData& data) {
   const double toggle = milliseconds([&] { peer->toggle(); });
   std::printf("%-46s %9.3f ms, here %.3f ms\n", "the other tree view, close and open all", theirs,
               bench.timeOfAll());
-  std::printf("%-46s %9.3f ms\n", "the other tree view, open one row", toggle);
+  std::printf("%-46s %9.3f ms\n", "the other tree view, open a small row", toggle);
   return expect("faster than the other tree view", bench.timeOfAll() < theirs);
 }
 
@@ -164,7 +170,7 @@ int main() {
   OutlineBench groups(OutlineData::groups(10, 30, 100), u"<TREE type=\"1\"/>");
   groups.openAndClose(9931, 11);
   groups.jump();
-  groups.change(500 * 11, OutlineData::groupLevels, 1, 9931);
+  groups.change(50 * 9931 + 15 * 331 + 11, OutlineData::groupLevels, 1, 9931);
 
   good = good && tree.good() && groups.good();
   std::puts(good ? "all within budget" : "FAILED");

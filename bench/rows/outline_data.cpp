@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "bench/support/report.h"
 #include "shared/compare.h"
 
 namespace tessera {
@@ -63,7 +64,9 @@ void OutlineData::SetTextByName(std::int32_t row, const XString& name, const XSt
 }
 
 std::int32_t OutlineData::InsertRow(std::int32_t row) {
-  levels_.insert(levels_.begin() + row - 1, static_cast<std::int8_t>(isTree_ ? 1 : groupLevels + 1));
+  own_ += milliseconds([&] {
+    levels_.insert(levels_.begin() + row - 1, static_cast<std::int8_t>(isTree_ ? 1 : groupLevels + 1));
+  });
   current_ = inserted_ = row;
   sink_->RowInserted(row);
   return row;
@@ -72,7 +75,7 @@ std::int32_t OutlineData::InsertRow(std::int32_t row) {
 void OutlineData::DeleteRow(std::int32_t row) {
   std::int32_t gone = 0;
   do {
-    levels_.erase(levels_.begin() + row - 1);
+    own_ += milliseconds([&] { levels_.erase(levels_.begin() + row - 1); });
     ++gone;
   } while (row <= rowCount() && isSum(row) && (row == 1 || levelOf(row - 1) <= levelOf(row)));
   inserted_ = 0;
@@ -82,7 +85,8 @@ void OutlineData::DeleteRow(std::int32_t row) {
 
 void OutlineData::CommitRows() {
   for (std::int32_t level = sumsFrom_; level <= groupLevels; ++level) {
-    levels_.insert(levels_.begin() + inserted_, static_cast<std::int8_t>(level));
+    own_ +=
+        milliseconds([&] { levels_.insert(levels_.begin() + inserted_, static_cast<std::int8_t>(level)); });
   }
   sumsFrom_ = groupLevels + 1;
 }

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "tests/support/null_data_set.h"
@@ -29,6 +30,8 @@ class OutlineData : public NullDataSet {
     if (sink_) sink_->CurrentRowChanged(row);
   }
   void reset() { sink_->RowsReset(); }
+  // What its own rows took to come and go since it was last asked.
+  double ownMilliseconds() { return std::exchange(own_, 0); }
 
   void GetSubsumExpr(XString& text) override { text = isTree_ ? u"" : u"2:A,3:B,4:C"; }
   void GetColumnIndex(const XString& name, std::int32_t& column) override;
@@ -60,6 +63,7 @@ class OutlineData : public NullDataSet {
   std::int32_t current_ = 1;
   std::int32_t inserted_ = 0;
   std::int32_t sumsFrom_ = groupLevels + 1;
+  double own_ = 0;
   XString key_;  // of the row that came last
   DataSetNotifications* sink_ = nullptr;
 };

@@ -13,7 +13,7 @@ class OutlinePeer {
   virtual ~OutlinePeer() = default;
   virtual void expandAll() = 0;
   virtual void collapseAll() = 0;
-  // The first row of the tree; with a repaint.
+  // The first row of the third level; with a repaint.
   virtual void toggle() = 0;
 };
 

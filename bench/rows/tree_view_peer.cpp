@@ -56,8 +56,8 @@ class TreeView : public OutlinePeer {
   void expandAll() override { view_.expandAll(), QApplication::processEvents(); }
   void collapseAll() override { view_.collapseAll(), QApplication::processEvents(); }
   void toggle() override {
-    const QModelIndex first = model_.index(0, 0, {});
-    view_.setExpanded(first, !view_.isExpanded(first));
+    const QModelIndex row = model_.index(0, 0, model_.index(0, 0, model_.index(0, 0, {})));
+    view_.setExpanded(row, !view_.isExpanded(row));
     view_.repaint();
     QApplication::processEvents();
   }
