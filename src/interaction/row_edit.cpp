@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "interaction/reading_scope.h"
 #include "interaction/row_numbers.h"
 
 namespace tessera {
@@ -9,6 +10,7 @@ namespace tessera {
 // Rows that others changed since they were arranged are arranged first: numbers must name what they show.
 RowEdit::RowEdit(GridParts& parts, GridServices& services, EditorController& editors)
     : parts_(parts), services_(services), editors_(editors) {
+  const ReadingScope reading(parts_, services_);
   const bool isGroup = parts_.config.tree.rowMode == RowMode::Group && !parts_.rows.isPlain();
   if (isGroup) groupStates_.emplace(parts_.rows, parts_.link, parts_.config.tree.expand);
   if (parts_.rowsStale || parts_.link.SelfMove()) rebuild();
@@ -82,8 +84,10 @@ bool RowEdit::isAsTold() const {
 }
 
 void RowEdit::rebuild() {
+  const ReadingScope reading(parts_, services_);
   parts_.rowsStale = false;
   doubtful_ = false;
+  rebuilt_ = true;
   bool moved = parts_.config.tree.rowMode == RowMode::Plain;
   if (moved) {
     parts_.rows.buildPlain(parts_.link.rowCount());
@@ -128,6 +132,7 @@ bool RowEdit::finish() {
   refillPage();
   parts_.updateBars(bar_bit::vertical);
   const GridToken token = parts_.token();
+  if (rebuilt_) services_.Repaint(nullptr);
   if (error_) services_.ReportError(*error_);
   return held && parts_.token() == token;
 }

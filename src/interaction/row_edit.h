@@ -49,7 +49,8 @@ class RowEdit {
   void follow(FollowedRows& rows) { followed_.push_back(&rows); }
   void unfollow() { followed_.pop_back(); }
 
-  // The end: page and bars show what came of it. False when the grid is another one meanwhile.
+  // The end, also of an edit that asked nothing: page and bars show what came of it. False when the grid is
+  // another one meanwhile.
   bool finish();
 
  private:
@@ -68,9 +69,10 @@ class RowEdit {
   std::vector<FollowedRows*> followed_;
   std::optional<ErrorCode> error_;
   GridToken token_;
-  RowEchoes heard_;             // before the first call
-  RowEchoes expected_;          // by what the calls did
-  bool doubtful_ = false;       // some row is not what it was to be
+  RowEchoes heard_;        // before the first call
+  RowEchoes expected_;     // by what the calls did
+  bool doubtful_ = false;  // some row is not what it was to be
+  bool rebuilt_ = false;
   std::int32_t emptiedAt_ = 1;  // what the page shows when its last row went
 };
 

@@ -1,7 +1,6 @@
 #include "interaction/row_insert.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
 #include <string>
 
@@ -27,38 +26,37 @@ XString decimalText(std::int32_t number) {
 
 }  // namespace
 
-bool RowInsert::intoTree(Row beside, InsertPlace place) {
+RowInsert::NewRow RowInsert::placeInTree(Row beside, InsertPlace place) const {
   const RowTree& rows = parts_.rows;
   const RowTree::Span span = beside ? rows.subtree(beside) : RowTree::Span{};
-  Row row{1};
-  std::array<std::int32_t, 1> level = {beside ? rows.level(beside) : 1};
+  const std::int32_t level = beside ? rows.level(beside) : 1;
   switch (place) {
     case InsertPlace::Behind:
-      row.number = span.first.number + span.count;
-      break;
+      return {{span.first.number + span.count}, level};
     case InsertPlace::Before:
-      row = beside;
-      break;
+      return {beside, level};
     case InsertPlace::First:
       break;
     case InsertPlace::Last:
-      row.number = parts_.link.rowCount() + 1;
-      break;
+      return {{parts_.link.rowCount() + 1}, level};
     case InsertPlace::FirstChild:
-      row.number = beside.number + 1;
-      ++level.front();
-      break;
+      return {{beside.number + 1}, level + 1};
   }
-  const Row inserted = edit_.insert(row);
-  if (!inserted) return false;
-  if (inserted == row) {
-    edit_.arrived(row, level);
+  return {{1}, level};
+}
+
+bool RowInsert::intoTree(Row beside, InsertPlace place) {
+  const NewRow wanted = placeInTree(beside, place);
+  const Row row = edit_.insert(wanted.row);
+  if (!row) return false;
+  if (row == wanted.row) {
+    edit_.arrived(row, {&wanted.level, 1});
   } else {
-    edit_.happened(RowsChanged::inserted(inserted.number));
+    edit_.happened(RowsChanged::inserted(row.number));
   }
-  parts_.link.setTextByName(inserted.number, parts_.config.tree.levelColumn, decimalText(level.front()));
-  for (const RowPair& pair : pairs_) writePair(inserted, pair);
-  if (edit_.holds()) edit_.checkLevel(inserted);
+  parts_.link.setTextByName(row.number, parts_.config.tree.levelColumn, decimalText(wanted.level));
+  for (const RowPair& pair : pairs_) writePair(row, pair);
+  if (edit_.holds()) edit_.checkLevel(row);
   return true;
 }
 
@@ -74,40 +72,43 @@ bool RowInsert::intoGroups(Row beside, bool behind) {
   const std::int32_t level = parts_.rows.level(beside);
   const Row first{behind ? beside.number + 1 : parts_.rows.subtree(beside).first.number};
   std::vector<std::int32_t> levels;
-  for (auto each = static_cast<std::int32_t>(groups.size()) + 1; each >= level; --each)
-    levels.push_back(each);
-  const auto branch = static_cast<std::int32_t>(levels.size());
+  for (std::size_t each = groups.size() + 1; each >= static_cast<std::size_t>(level); --each) {
+    levels.push_back(static_cast<std::int32_t>(each));
+  }
+  std::optional<Key> key;
+  if (levels.size() > 1) key = keyBeside(beside, behind);
   std::vector<RowPair> outer;
   for (std::int32_t index = 0; index + 1 < level; ++index) {
     const XString& name = groups[static_cast<std::size_t>(index)].columnName;
     outer.push_back({name, parts_.link.textByName(beside.number, name)});
   }
-  std::optional<Key> key;
-  if (branch > 1) key = keyBeside(beside, behind);
   const std::int32_t before = parts_.link.rowCount();
   const Row row = edit_.holds() ? edit_.insert(first) : noRow;
   if (!row) return false;
   writeKeys(row, outer, key);
   if (edit_.holds()) parts_.link.commitRows();
-  if (!edit_.holds()) return true;
-  const std::int32_t came = parts_.link.rowCount() - before;
-  if (key && came == 1 && key->isUnlike) {
-    edit_.erase(row);
-  } else if (came == branch && row == first) {
-    edit_.arrived(row, levels);
-    for (std::int32_t each = 0; each < branch; ++each) edit_.checkLevel({row.number + each});
-  } else {
-    edit_.happened({row.number, std::max(came, 0), 0});
-  }
+  if (edit_.holds()) takeBranch({row, parts_.link.rowCount() - before}, row == first, levels, key);
   return true;
+}
+
+void RowInsert::takeBranch(const Came& came, bool asWanted, const std::vector<std::int32_t>& levels,
+                           const std::optional<Key>& key) {
+  if (key && came.rows == 1 && key->isUnlike) {
+    edit_.erase(came.first);
+  } else if (asWanted && came.rows == static_cast<std::int32_t>(levels.size())) {
+    edit_.arrived(came.first, levels);
+    for (std::int32_t each = 0; each < came.rows; ++each) edit_.checkLevel({came.first.number + each});
+  } else {
+    edit_.happened({came.first.number, std::max(came.rows, 0), 0});
+  }
 }
 
 RowInsert::Key RowInsert::keyBeside(Row beside, bool behind) const {
   const RowTree& rows = parts_.rows;
   Key key;
   key.group = rows.groups()[static_cast<std::size_t>(rows.level(beside)) - 1];
-  parts_.link.text(beside.number, key.group.columnIndex, key.own);
   const Row neighbour = behind ? rows.nextSibling(beside) : rows.previousSibling(beside);
+  parts_.link.text(beside.number, key.group.columnIndex, key.own);
   if (neighbour) parts_.link.text(neighbour.number, key.group.columnIndex, key.neighbour);
   return key;
 }

@@ -28,6 +28,15 @@ class RowInsert {
   bool intoGroups(Row beside, bool behind);
 
  private:
+  struct NewRow {
+    Row row;
+    std::int32_t level = 1;
+  };
+  // What stands in the data set after a commit that was not there before.
+  struct Came {
+    Row first;
+    std::int32_t rows = 0;
+  };
   // The key of a new group.
   struct Key {
     GroupLevel group;
@@ -36,6 +45,9 @@ class RowInsert {
     bool isUnlike = false;  // the new row's differs from both
   };
 
+  NewRow placeInTree(Row beside, InsertPlace place) const;
+  void takeBranch(const Came& came, bool asWanted, const std::vector<std::int32_t>& levels,
+                  const std::optional<Key>& key);
   Key keyBeside(Row beside, bool behind) const;
   void writePair(Row row, const RowPair& pair);
   void writeKeys(Row row, const std::vector<RowPair>& outer, std::optional<Key>& key);

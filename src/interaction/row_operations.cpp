@@ -38,7 +38,7 @@ void RowOperations::Insert(std::int32_t index, std::int32_t option, const XStrin
   const auto place = static_cast<InsertPlace>(option);
   if (mode() == RowMode::Plain) return insertPlain(index, place, pairs);
   RowEdit edit(parts_, services_, editors_);
-  if (!mayInsert(index, option)) return;
+  if (!mayInsert(index, option)) return void(edit.finish());
   const bool atEnd = place == InsertPlace::First || place == InsertPlace::Last;
   const Row beside = atEnd ? noRow : parts_.rows.find(index);
   RowInsert insert(parts_, edit, pairs);
@@ -84,12 +84,12 @@ void RowOperations::Delete(std::int32_t index) {
   if (!hasRow(index) || !endEdit() || !hasRow(index)) return;
   RowEdit edit(parts_, services_, editors_);
   FollowedRows rows(candidates(index));
-  if (rows.size() == 0) return;
+  if (rows.size() == 0) return void(edit.finish());
   if (isSelection(index)) parts_.focus.SelectedRows.clear();  // the data set's flags tell what is left of it
   RowRemoval removal(parts_, edit, parts_.link.keepDeleted());
   edit.follow(rows);
   for (std::size_t place = 0; place < rows.size() && edit.holds(); ++place) {
-    if (const Row row = rows.at(place)) removal.remove(row);
+    if (const Row row = parts_.rows.find(rows.at(place).number)) removal.remove(row);
   }
   edit.unfollow();
   if (edit.finish()) takeCurrentRow();
@@ -112,17 +112,21 @@ bool RowOperations::mayMove(std::int32_t source, std::int32_t target, std::int32
 void RowOperations::Move(std::int32_t source, std::int32_t target, std::int32_t option) {
   if (!mayMove(source, target, option) || !endEdit() || !mayMove(source, target, option)) return;
   RowEdit edit(parts_, services_, editors_);
-  if (!mayMove(source, target, option)) return;
+  if (!mayMove(source, target, option)) return void(edit.finish());
   std::vector<Row> rows = candidates(source);
   std::reverse(rows.begin(), rows.end());
   const Row goal = parts_.rows.find(target);
   const bool several = isSelection(source);
-  if (rows.empty() || (!several && isWithin(goal, rows.front()))) return;
-  if (several) parts_.focus.SelectedRows.clear();
-  const Row moved = moveAll(edit, rows, goal, option);
-  if (!edit.finish() || !moved) return;
-  if (several) parts_.focus.SelectedRows.assign(moved);
-  showMoved(moved);
+  const bool stays = rows.empty() || (!several && isWithin(goal, rows.front()));
+  if (several) parts_.focus.SelectedRows.clear();  // the data set's flags tell what is left of it
+  const Row shown = stays ? noRow : moveAll(edit, rows, goal, option);
+  if (!edit.finish()) return;
+  if (shown) {
+    if (several) parts_.focus.SelectedRows.assign(shown);
+    showMoved(shown);
+  } else if (several) {
+    takeCurrentRow();
+  }
 }
 
 bool RowOperations::isWithin(Row row, Row top) const {
@@ -139,17 +143,18 @@ Row RowOperations::moveAll(RowEdit& edit, const std::vector<Row>& rows, Row targ
   edit.follow(sources);
   edit.follow(goal);
   Row last = noRow;
-  for (std::size_t index = 0; index < rows.size() && edit.holds() && goal.at(0); ++index) {
-    const Row source = sources.at(index);
-    if (!source) continue;
+  for (std::size_t index = 0; index < rows.size() && edit.holds(); ++index) {
+    const Row source = parts_.rows.find(sources.at(index).number);
+    const Row beside = parts_.rows.find(goal.at(0).number);
+    if (!source || !beside) continue;
     if (mode() == RowMode::Group && parts_.rows.subtree(source).count > 1) break;
     last = source;
-    if (isWithin(goal.at(0), source)) continue;
-    const Row copy = copier.copy(source, goal.at(0), place);
+    if (isWithin(beside, source)) continue;
+    const Row copy = copier.copy(source, beside, place);
     if (!copy) continue;
     FollowedRows copies({copy});
     edit.follow(copies);
-    removal.remove(sources.at(index));
+    if (const Row left = parts_.rows.find(sources.at(index).number)) removal.remove(left);
     edit.unfollow();
     last = copies.at(0);
   }

@@ -163,6 +163,35 @@ std::int32_t Outline::nthOfPostorder(std::int32_t ordinal) const {
   }
 }
 
+// Its first child, or what comes behind its subtree: in a postorder a parent stands there that is shown
+// already.
+std::int32_t Outline::next(std::int32_t position) const {
+  OutlineEntry row = rows_.at(position);
+  const bool isOpen = row.state == RowState::Expanded;
+  if (parents_ == Parents::First) return rows_.firstUpTo(row.level + (isOpen ? 1 : 0), position + 1);
+  if (isOpen) return rows_.firstUpTo(row.level + 1, subtree(position).first);
+  while (true) {
+    const std::int32_t behind = rows_.firstUpTo(row.level, position + 1);
+    if (behind < 0) return -1;
+    const std::int32_t above = row.level;
+    row = rows_.at(behind);
+    if (row.level == above) return behind;
+    position = behind;
+  }
+}
+
+// The parent, or the last row that is shown of the sibling in front.
+std::int32_t Outline::previous(std::int32_t position) const {
+  if (parents_ == Parents::First) {
+    const std::int32_t before = rows_.lastUpTo(noLevel - 1, position);
+    return before < 0 ? -1 : shownAncestor(before);
+  }
+  std::int32_t row = previousSibling(position);
+  if (row < 0) return parent(position);
+  while (state(row) == RowState::Expanded) row = rows_.lastUpTo(level(row) + 1, row);
+  return row;
+}
+
 void Outline::toggle(std::int32_t position, RowState state, std::int32_t hidden) {
   const Range range = subtree(position);
   rows_.addHidden(range.first, range.behind, hidden);

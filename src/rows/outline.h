@@ -66,6 +66,9 @@ class Outline {
   std::int32_t ordinal(std::int32_t position) const;
   // The row at an ordinal, -1 when out of range.
   std::int32_t nth(std::int32_t ordinal) const;
+  // The neighbours of a shown row among the shown rows, -1 at the ends.
+  std::int32_t next(std::int32_t position) const;
+  std::int32_t previous(std::int32_t position) const;
 
   // What must hold: the row is collapsed; expanded.
   void expand(std::int32_t position) { toggle(position, RowState::Expanded, -1); }

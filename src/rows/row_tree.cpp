@@ -74,6 +74,16 @@ Row RowTree::nth(std::int32_t ordinal) const {
   return ordinal < 1 ? noRow : rowAt(outline_.nth(ordinal));
 }
 
+Row RowTree::NextRow(Row row) const {
+  if (!row || isPlain_) return row ? find(row.number + 1) : noRow;
+  return rowAt(outline_.next(positionOf(shownAncestor(row))));
+}
+
+Row RowTree::PreviousRow(Row row) const {
+  if (!row || isPlain_) return row ? find(row.number - 1) : noRow;
+  return rowAt(outline_.previous(positionOf(shownAncestor(row))));
+}
+
 bool RowTree::isBefore(Row a, Row b) const {
   return isPlain_ ? a.number < b.number : outline_.isBefore(positionOf(a), positionOf(b));
 }

@@ -55,8 +55,8 @@ class RowTree {
   Row shownAncestor(Row row) const;
   // The neighbours among displayable rows, noRow at the ends. What lies beside a row that is not displayable
   // lies beside its shown ancestor.
-  Row NextRow(Row row) const { return row ? nth(ordinal(row) + 1) : noRow; }
-  Row PreviousRow(Row row) const { return row ? nth(ordinal(row) - 1) : noRow; }
+  Row NextRow(Row row) const;
+  Row PreviousRow(Row row) const;
   Row first() const { return nth(1); }
   Row lastDisplayable() const { return nth(displayCount()); }
   // The place of a row, or of its shown ancestor, among the displayable ones, from 1.

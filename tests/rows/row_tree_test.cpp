@@ -79,6 +79,8 @@ void expectSame(const RowTree& tree, Model& model, std::mt19937& random) {
   for (std::size_t index = 0; index < rows.size(); ++index) {
     const std::int32_t row = rows[index].number;
     ASSERT_EQ(tree.ordinal(rows[index]), static_cast<std::int32_t>(index) + 1);
+    ASSERT_EQ(tree.NextRow(rows[index]), index + 1 < rows.size() ? rows[index + 1] : noRow);
+    ASSERT_EQ(tree.PreviousRow(rows[index]), index > 0 ? rows[index - 1] : noRow);
     ASSERT_EQ(views[index].state, model.state(row));
     ASSERT_EQ(views[index].isFirst, index == 0);
     for (std::int32_t up = row; up != 0; up = model.at(up).parent) {
