@@ -111,14 +111,25 @@ HResult DataNotifications::CurrentRowChanged(std::int32_t cookie, std::int32_t r
   if (!current) {
     if (!selection().follow(noRow) || !ownCall) return S_OK;
   } else {
+    const std::int32_t shown = parts_.rows.displayCount();
     parts_.rows.expandAncestors(current);
-    if (!takeCurrentRow(current, ownCall)) return S_OK;
+    if (!takeCurrentRow(current, ownCall)) {
+      if (parts_.window && parts_.rows.displayCount() != shown) showOpened();
+      return S_OK;
+    }
     parts_.page.bringCurrent(parts_.rows, parts_.frame().rowCapacity(), current);
     needColumn();
   }
   parts_.updateBars(bar_bit::vertical);
   services_.Repaint(nullptr);
   return S_OK;
+}
+
+// The focus stood in a closed row already.
+void DataNotifications::showOpened() {
+  refillFromTop(parts_.frame().rowCapacity());
+  parts_.updateBars(bar_bit::vertical);
+  services_.Repaint(nullptr);
 }
 
 // A move to another row saves what is being edited. False when the host changed the grid meanwhile.

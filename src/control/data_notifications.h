@@ -55,6 +55,7 @@ class DataNotifications : public DataClient, public ImageClient {
   // Ends an edit; false while rows are still to come or to go, or without a window.
   bool settleRows();
   void followCurrentRow();
+  void showOpened();
   void refillFromTop(std::int32_t capacity);
   bool endEdit(std::int32_t row, bool ownCall);
   bool takeCurrentRow(Row row, bool ownCall);
