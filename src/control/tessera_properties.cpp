@@ -90,6 +90,7 @@ HResult Tessera::put_IndicatorInfo(const XString& value) {
     ReportError(ErrorCode::IndicatorInfo);
     return S_OK;
   }
+  controllers_.editors.list().close(false);
   parts_.makeRoomForIndicator();
   parts_.updateBars(bar_bit::horizontal);
   Repaint(nullptr);
@@ -234,16 +235,14 @@ HResult Tessera::put_ViewHeader(VariantBool value) {
   return S_OK;
 }
 
-// Another number of rows fits on the page. A focus row that shows goes on showing.
+// Another number of rows fits on the page, and the rows stand elsewhere: an open list, which does not move
+// with its cell, closes without a choice.
 void Tessera::refillPage() {
+  controllers_.editors.list().close(false);
   if (!parts_.window) return;
-  PageView& page = parts_.page;
-  const Row focusRow = parts_.focus.FocusRow;
-  const bool shown = focusRow && page.VisibleIndex(focusRow) >= 0;
   parts_.updateBars(bar_bit::vertical);
   const std::int32_t capacity = parts_.frame().rowCapacity();
-  if (const Row top = page.VisibleAt(0)) page.RefillFrom(parts_.rows, capacity, top);
-  if (shown) page.EnsureRowVisible(parts_.rows, capacity, focusRow);
+  if (const Row top = parts_.page.VisibleAt(0)) parts_.page.RefillFrom(parts_.rows, capacity, top);
   Repaint(nullptr);
 }
 

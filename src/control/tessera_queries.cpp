@@ -86,6 +86,7 @@ HResult Tessera::Move(std::int32_t sourceIndex, std::int32_t targetIndex, std::i
 }
 
 HResult Tessera::FitArrange() {
+  controllers_.editors.list().close(false);
   fitArrange(parts_, *this);
   return S_OK;
 }

@@ -17,9 +17,10 @@ RowPlace placeOf(const GridFrame& frame, std::int32_t y) {
       frame.summary == SummaryBand::Top ? frame.headerBand : subClamped(frame.client.height, frame.rowHeight);
   if (y <= frame.headerBand) return {Band::Header};
   if (frame.summary == SummaryBand::Top && y <= frame.firstRowTop()) {
-    return {Band::Summary, -1, frame.rowHeight > 0 ? (y - summaryTop) % frame.rowHeight : 0};
+    return {Band::Summary, -1, frame.rowHeight > 0 ? subClamped(y, summaryTop) % frame.rowHeight : 0};
   }
-  if (frame.summary == SummaryBand::Bottom && y >= summaryTop) return {Band::Summary, -1, y - summaryTop};
+  if (frame.summary == SummaryBand::Bottom && y >= summaryTop)
+    return {Band::Summary, -1, subClamped(y, summaryTop)};
   if (frame.rowHeight <= 0) return {};
   return {Band::Row, subClamped(y, frame.firstRowTop()) / frame.rowHeight,
           subClamped(y, frame.headerBand) % frame.rowHeight};

@@ -71,14 +71,13 @@ void EditorController::spaceAction() {
   if (!acted && focus.FocusColumn && focus.FocusColumn->value().hasTree) toggleNode(focus.FocusRow);
 }
 
-// What reaches the grid while its box is open is meant for the box. A blank in a tree column has opened or
-// closed the node already.
+// While the box is open characters are its own affair. A blank in a tree column has opened or closed the node
+// already.
 void EditorController::charArrived(char16_t character) {
-  if (key::isControl(character)) return;
-  if (parts_.editor.active) return parts_.editor.box->sendChar(character);
+  if (key::isControl(character) || parts_.editor.active) return;
   const ColumnRecord* const column = focusColumn();
-  if (!column || !mayEdit(*column)) return;
-  if (character == u' ' && isTreeCell(*column, parts_.config.tree)) return;
+  if (!column || (character == u' ' && isTreeCell(*column, parts_.config.tree))) return;
+  if (!mayEdit(*column)) return;
   if (!openEditor(false) || !parts_.editor.active) return;
   parts_.editor.box->sendChar(character);
   services_.Repaint(nullptr);
