@@ -85,7 +85,7 @@ class Plain : public ::testing::Test {
   explicit Plain(std::string_view csv) : open_(folder_.write("plain.csv", csv)) {}
   GridCommands commands() { return {open_.grid(), open_.rows()}; }
 
-  const testing::TempFolder folder_;
+  const TempFolder folder_;
   OpenGrid open_;
 };
 

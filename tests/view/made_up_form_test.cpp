@@ -10,7 +10,7 @@ namespace {
 
 // A number that is cut at its left end would show another number.
 TEST(MadeUpForm, IsWideEnoughForRowsBeyondTheFirstPages) {
-  const testing::TempFolder folder;
+  const TempFolder folder;
   const auto widthOf = [&](const std::string& first, const std::string& last) {
     std::string text = "N\n" + first + '\n';
     for (int row = 0; row < 5000; ++row) text += std::to_string(row % 10) + '\n';
@@ -24,7 +24,7 @@ TEST(MadeUpForm, IsWideEnoughForRowsBeyondTheFirstPages) {
 
 // Names of databases and of tables may both have colons.
 TEST(MadeUpForm, OfATableWhoseNameHasAColon) {
-  const testing::TempFolder folder;
+  const TempFolder folder;
   struct Row {
     const char* file;
     const char* name;
