@@ -1,31 +1,7 @@
 // Reading cells into arguments that were used before takes no memory.
 
-#include <atomic>
-#include <cstdlib>
-#include <gtest/gtest.h>
-#include <new>
-
 #include "components/data_set_fixture.h"
-
-namespace {
-std::atomic<long> allocations{0};
-}
-
-void* operator new(std::size_t size) {
-  ++allocations;
-  if (void* block = std::malloc(size ? size : 1)) return block;
-  throw std::bad_alloc();
-}
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  ++allocations;
-  return std::malloc(size ? size : 1);
-}
-void* operator new[](std::size_t size) { return operator new(size); }
-void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept { return operator new(size, tag); }
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t) noexcept { std::free(block); }
-void operator delete[](void* block) noexcept { std::free(block); }
-void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
+#include "shared/counted_memory.h"
 
 namespace tessera {
 namespace {
@@ -50,9 +26,9 @@ TEST(Allocations, NoneForWarmArguments) {
     rows.SumRange(2, 0, 0, value);
   };
   readAll();
-  const long before = allocations;
+  const std::int64_t before = test::allocationCount();
   for (int round = 0; round < 3; ++round) readAll();
-  EXPECT_EQ(allocations - before, 0);
+  EXPECT_EQ(test::allocationCount(), before);
   EXPECT_GT(before, 0) << "nothing was counted";
 }
 

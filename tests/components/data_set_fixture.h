@@ -1,51 +1,21 @@
-// What the tests of the components share: folders that go away, rows from text, and a subscriber that notes.
+// What the tests of the components share: rows from text, and a subscriber that notes.
 
 #pragma once
 
-#include <filesystem>
-#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
-#include <iterator>
 #include <memory>
+#include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "components/csv_loader.h"
 #include "components/memory_data_set.h"
+#include "tests/support/temp_folder.h"
 
 namespace tessera::testing {
-
-class TempFolder {
- public:
-  TempFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "tessera-XXXXXX").string();
-    path_ = ::mkdtemp(pattern.data());
-  }
-  ~TempFolder() { std::filesystem::remove_all(path_); }
-  TempFolder(const TempFolder&) = delete;
-  TempFolder& operator=(const TempFolder&) = delete;
-
-  std::string file(std::string_view name) const { return (path_ / name).string(); }
-  std::string write(std::string_view name, std::string_view bytes) const {
-    std::ofstream(file(name), std::ios::binary) << bytes;
-    return file(name);
-  }
-  std::string read(std::string_view name) const {
-    std::ifstream in(file(name), std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
-  std::vector<std::string> names() const {
-    std::vector<std::string> all;
-    for (const auto& entry : std::filesystem::directory_iterator(path_))
-      all.push_back(entry.path().filename().string());
-    return all;
-  }
-
- private:
-  std::filesystem::path path_;
-};
 
 inline ColumnStore storeOf(std::string_view csv, const std::vector<FieldSpec>& fields = {}) {
   auto loaded = loadCsv(csv, "rows", fields);
@@ -90,7 +60,37 @@ inline std::string columnTexts(DataSetControl& rows, std::int32_t column) {
   return all;
 }
 
-// Notes every call as "Name(arguments)" and then lets a test act inside it.
+// "set ROW COLUMN TEXT", "name ROW COLUMN TEXT" with the column's name, "sort KEYS"; the others take a
+// number.
+inline void obey(MemoryDataSet& rows, const std::string& script) {
+  std::istringstream commands(script);
+  for (std::string command; std::getline(commands, command, ';');) {
+    std::istringstream in(command);
+    std::string word, column, text;
+    std::int32_t row = 0;
+    in >> word;
+    if (word == "sort") {
+      std::getline(in.ignore(), text);
+      rows.SetSortExpr(wide(text));
+      rows.ApplySort();
+      continue;
+    }
+    if (word == "groups") in >> text, rows.setSubsumExpr(text);
+    if (word == "commit") rows.CommitRows();
+    if (word == "accept") rows.acceptChanges();
+    in >> row;
+    if (word == "insert") rows.InsertRow(row);
+    if (word == "delete") rows.DeleteRow(row);
+    if (word == "current") rows.SetCurrentRow(row);
+    if (word == "select") rows.SetRowSelected(row, 1);
+    in >> column;
+    std::getline(in.ignore(), text);
+    if (word == "set") rows.SetText(row, std::stoi(column), wide(text));
+    if (word == "name") rows.SetTextByName(row, wide(column), wide(text));
+  }
+}
+
+// Notes every call as "Name(arguments)", some by shorter names, and then lets a test act inside it.
 class NotingSink : public DataSetNotifications {
  public:
   NotingSink() = default;
@@ -99,19 +99,11 @@ class NotingSink : public DataSetNotifications {
   ~NotingSink() override {
     if (rows_) rows_->Unadvise(this);
   }
-  NotingSink(const NotingSink&) = delete;
-  NotingSink& operator=(const NotingSink&) = delete;
 
-  std::vector<std::string> notes;
+  std::string taken() { return std::exchange(notes_, {}); }
+
   std::function<void(const std::string&)> inside;
   bool allow = true;
-
-  std::string taken() {
-    std::string all;
-    for (const std::string& note : notes) all += (all.empty() ? "" : " ") + note;
-    notes.clear();
-    return all;
-  }
 
   HResult SortReset() override { return note("SortReset"); }
   HResult StructureChanged(std::int32_t value) override { return note("StructureChanged", {value}); }
@@ -122,28 +114,25 @@ class NotingSink : public DataSetNotifications {
     if (inside) inside("CanChange");
     return S_OK;
   }
-  HResult CurrentRowChanged(std::int32_t row) override { return note("CurrentRowChanged", {row}); }
+  HResult CurrentRowChanged(std::int32_t row) override { return note("Current", {row}); }
   HResult RowsReset() override { return note("RowsReset"); }
   HResult Reserved(std::int32_t value) override { return note("Reserved", {value}); }
-  HResult RowInserted(std::int32_t row) override { return note("RowInserted", {row}); }
-  HResult RowDeleted(std::int32_t row) override { return note("RowDeleted", {row}); }
-  HResult CellChanged(std::int32_t row, std::int32_t column) override {
-    return note("CellChanged", {row, column});
-  }
+  HResult RowInserted(std::int32_t row) override { return note("Inserted", {row}); }
+  HResult RowDeleted(std::int32_t row) override { return note("Deleted", {row}); }
+  HResult CellChanged(std::int32_t row, std::int32_t column) override { return note("Cell", {row, column}); }
   HResult SourceClosing(VariantBool flag) override { return note("SourceClosing", {flag}); }
 
  private:
-  DataSetControl* rows_ = nullptr;
-
-  HResult note(const std::string& name, std::vector<std::int32_t> arguments = {}) {
-    std::string text = name;
-    for (std::size_t i = 0; i < arguments.size(); ++i)
-      text += (i == 0 ? "(" : ",") + std::to_string(arguments[i]);
+  HResult note(std::string text, const std::vector<std::int32_t>& arguments = {}) {
+    for (const std::int32_t each : arguments) text += (text.back() > '9' ? "(" : ",") + std::to_string(each);
     if (!arguments.empty()) text += ")";
-    notes.push_back(text);
+    notes_ += (notes_.empty() ? "" : " ") + text;
     if (inside) inside(text);
     return S_OK;
   }
+
+  DataSetControl* rows_ = nullptr;
+  std::string notes_;
 };
 
 }  // namespace tessera::testing

@@ -43,13 +43,6 @@ TEST_F(InputMethodTest, TheFirstCharacterOpensTheEditorAndIsKept) {
   EXPECT_EQ(desk.cell(1, 1), "한글");
 }
 
-TEST_F(InputMethodTest, AFinishedCharacterIsTyped) {
-  focusOn("name");
-  desk.compose("", "한글");
-  EXPECT_EQ(desk.editBox().text(), "한글");
-  EXPECT_EQ(desk.takeText(), "OnEnter(\"name\", 1); OnChar(); OnChar(); ");
-}
-
 TEST_F(InputMethodTest, EnterAndEscapeInACompositionDoNotEndTheEdit) {
   focusOn("name");
   for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
@@ -88,13 +81,6 @@ TEST_F(InputMethodTest, NumericEditorsAndCellsWithoutEditorsTakeNoComposition) {
   desk.compose("", "하");
   EXPECT_FALSE(desk.editIsOpen());
   EXPECT_EQ(desk.takeText(), "");
-}
-
-// The limit of the cell counts composed characters as it counts others.
-TEST_F(InputMethodTest, TheLimitHolds) {
-  focusOn("name");
-  desk.compose("", "가나다라마바사아자차카타");
-  EXPECT_EQ(desk.editBox().text().size(), 10);
 }
 
 // Corrections of what stands there already are typed over it.

@@ -10,20 +10,11 @@
 namespace tessera::test {
 namespace {
 
-constexpr const char* oneColumn =
-    R"(<GRID><COLUMN id="a" refcolid="A"><HEADER left="0" right="80" top="0" bottom="20"/>)"
-    R"(<VIEW left="0" right="80" top="0" bottom="20"/><CHILD type="edit"/></COLUMN></GRID>)";
-
-std::shared_ptr<FakeDataSet> twoRows() {
-  return std::make_shared<FakeDataSet>(std::vector<XString>{u"A"},
-                                       std::vector<std::vector<const char16_t*>>{{u"one"}, {u"two"}});
-}
-
 class LooksTest : public testing::TestWithParam<bool> {
  protected:
   // Alone, or inside of a window of its own.
   LooksTest() : grid(*new TesseraWidget(GetParam() ? &window : nullptr)) {
-    grid.addDataSet("rows", twoRows());
+    grid.addDataSet("rows", twoRows<FakeDataSet>());
     grid.setDataID("rows");
     grid.setColumnInfo(oneColumn);
     grid.resize(200, 100);
@@ -96,23 +87,6 @@ TEST_P(LooksTest, FollowTheFont) {
 
 INSTANTIATE_TEST_SUITE_P(Parents, LooksTest, testing::Bool(),
                          [](const auto& inside) { return inside.param ? "Inside" : "Alone"; });
-
-// The grid is built anew, which no edit outlives.
-TEST(Looks, AChangeSavesAnOpenEdit) {
-  QtDesk desk("editors.xml");
-  desk.grid().setFocus();
-  desk.grid().setColumnPosition("name");
-  desk.type("Ankh");
-  desk.takeEvents();
-  QFont font = desk.grid().font();
-  font.setBold(true);
-  desk.grid().setFont(font);
-  desk.settle();
-  EXPECT_EQ(desk.takeText(), "OnExit(\"name\", 1, \"Anchor\"); ");
-  EXPECT_EQ(desk.cell(1, 1), "Ankh");
-  EXPECT_FALSE(desk.editIsOpen());
-  EXPECT_TRUE(desk.view().hasFocus());
-}
 
 }  // namespace
 }  // namespace tessera::test

@@ -88,6 +88,16 @@ class QtDesk {
   std::vector<std::string> events_;
 };
 
+// For a grid of its own: one column "a" over the field A of rows "one" and "two".
+inline constexpr const char* oneColumn =
+    R"(<GRID><COLUMN id="a" refcolid="A"><HEADER left="0" right="80" top="0" bottom="20"/>)"
+    R"(<VIEW left="0" right="80" top="0" bottom="20"/><CHILD type="edit"/></COLUMN></GRID>)";
+template <class Rows>
+std::shared_ptr<Rows> twoRows() {
+  return std::make_shared<Rows>(std::vector<XString>{u"A"},
+                                std::vector<std::vector<const char16_t*>>{{u"one"}, {u"two"}});
+}
+
 // The text of an event as the console writes it.
 std::string eventText(EventId event, const QVariantList& arguments);
 

@@ -33,11 +33,7 @@ struct Answer {
   bool skipped = false;
 };
 
-struct KeyRow {
-  std::int32_t code;
-  int key;
-};
-constexpr KeyRow keyRows[] = {
+constexpr std::pair<std::int32_t, int> keyRows[] = {
     {8, Qt::Key_Backspace}, {9, Qt::Key_Tab},     {13, Qt::Key_Return},   {27, Qt::Key_Escape},
     {32, Qt::Key_Space},    {33, Qt::Key_PageUp}, {34, Qt::Key_PageDown}, {35, Qt::Key_End},
     {36, Qt::Key_Home},     {37, Qt::Key_Left},   {38, Qt::Key_Up},       {39, Qt::Key_Right},
@@ -45,9 +41,8 @@ constexpr KeyRow keyRows[] = {
 };
 
 int qtKey(std::int32_t code) {
-  for (const KeyRow& row : keyRows) {
-    if (row.code == code) return row.key;
-  }
+  for (const auto& [number, key] : keyRows)
+    if (number == code) return key;
   constexpr std::int32_t firstFunctionKey = 112;
   return code >= firstFunctionKey ? Qt::Key_F1 + code - firstFunctionKey : code;  // letters and digits
 }
@@ -67,14 +62,10 @@ constexpr MouseWord mouseWords[] = {
     {"rdouble", QEvent::MouseButtonDblClick, Qt::RightButton},
 };
 
-struct CursorWord {
-  Qt::CursorShape shape;
-  std::string_view word;
-};
-constexpr CursorWord cursorWords[] = {{Qt::ArrowCursor, "arrow"},
-                                      {Qt::SizeHorCursor, "size"},
-                                      {Qt::PointingHandCursor, "hand"},
-                                      {Qt::IBeamCursor, "beam"}};
+constexpr std::pair<Qt::CursorShape, const char*> cursorWords[] = {{Qt::ArrowCursor, "arrow"},
+                                                                   {Qt::SizeHorCursor, "size"},
+                                                                   {Qt::PointingHandCursor, "hand"},
+                                                                   {Qt::IBeamCursor, "beam"}};
 
 Qt::KeyboardModifiers heldIn(const Tokens& tokens, std::size_t first) {
   Qt::KeyboardModifiers held;
@@ -268,9 +259,8 @@ class Replay {
   }
 
   Answer cursor() {
-    for (const CursorWord& row : cursorWords) {
-      if (row.shape == desk_.view().cursor().shape()) return {{"= \"" + std::string(row.word) + "\""}, true};
-    }
+    for (const auto& [shape, word] : cursorWords)
+      if (shape == desk_.view().cursor().shape()) return {{"= \"" + std::string(word) + "\""}, true};
     return {{"another cursor"}, true};
   }
 

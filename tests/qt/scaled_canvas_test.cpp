@@ -184,15 +184,6 @@ INSTANTIATE_TEST_SUITE_P(States, StateTest,
                                          StateCase{"SelectedRow", thirdIndicator, 1, false}),
                          [](const auto& row) { return std::string(row.param.what); });
 
-TEST_F(HighDpi, PressesAndEditorsLieOnTheirCells) {
-  desk.click({60, 50});
-  EXPECT_EQ(desk.takeText(),
-            "OnSetFocus(); OnSelChange(\"name\", 2); OnSelChanged(\"name\", 2); "
-            "OnLButtonDown(3, 2, \"name\", 60, 50); OnLButtonUp(3, 2, \"name\", 60, 50); ");
-  desk.key(Qt::Key_Return);
-  EXPECT_EQ(desk.editBox().geometry(), QRect(24, 40, 69, 19));
-}
-
 // Letters are set in the device's size: a picture that was only enlarged is the plain one with pixels
 // doubled.
 TEST_F(HighDpi, LettersAreSharp) {

@@ -26,29 +26,22 @@ std::string resultOf(CellSearch& search) {
 
 TEST(CellSearch, FindsWhatCellsShow) {
   const SearchCase cases[] = {
-      {"bike", 1, {"city"}, "bike 2"},
       {"bike", 1, {"CITY"}, "bike 2"},
       {"bike", 1, {"CITY", true}, ""},
       {"bike", 2, {"city"}, "bike 10"},
       {"bike", 10, {"city"}, "bike 2 around"},
       // The focus cell comes last, from both sides.
-      {"bike", 6, {"Tandem"}, "bike 6 around"},
       {"bike", 6, {"Tandem", false, true}, "bike 6 around"},
       {"bike", 10, {"city", false, true}, "bike 2"},
-      {"bike", 2, {"city", false, true}, "bike 10 around"},
       // Within a row from cell to cell.
       {"job", 4, {"cargo"}, "bike 4"},
       {"note", 4, {"cargo", false, true}, "bike 4"},
-      {"customer", 4, {"cargo"}, "bike 4 around"},
       // A combo and a lookup show words in place of their codes, a price has its format.
       {"job", 1, {"ready"}, "state 2"},
       {"job", 1, {"samira"}, "mechanic 4"},
-      {"job", 3, {"312.40"}, "price 3"},
       {"job", 1, {"지우"}, "customer 4"},
-      {"job", 1, {"DUBOIS"}, "customer 8"},
       {"job", 1, {"ZOË"}, "customer 8"},
       {"job", 1, {"nowhere"}, ""},
-      {"job", 1, {""}, ""},
   };
   OpenGrid open("editors.xml");
   for (const SearchCase& row : cases) {

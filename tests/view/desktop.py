@@ -2,11 +2,10 @@
 
 import json
 import os
-import struct
+import shutil
 import subprocess
 import tempfile
 import time
-import zlib
 
 # Seconds that anything may take: builds with sanitizers are slow, and machines are busy.
 PATIENCE = 60
@@ -52,25 +51,8 @@ class Display:
         return found.split()
 
     def picture(self, path):
-        """Writes what the screen shows as PNG."""
-        with open(os.path.join(self.folder.name, "Xvfb_screen0"), "rb") as file:
-            dump = file.read()
-        fields = struct.unpack(">25I", dump[:100])
-        header, width, height, line, colours = fields[0], fields[4], fields[5], fields[12], fields[19]
-        start = header + 12 * colours
-        rows = bytearray()
-        for y in range(height):
-            row = dump[start + y * line:start + y * line + 4 * width]
-            pixels = bytearray(3 * width)
-            pixels[0::3], pixels[1::3], pixels[2::3] = row[2::4], row[1::4], row[0::4]
-            rows += b"\0" + pixels
-
-        def chunk(kind, data):
-            return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
-
-        with open(path, "wb") as file:
-            file.write(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0))
-                       + chunk(b"IDAT", zlib.compress(bytes(rows))) + chunk(b"IEND", b""))
+        """Writes what the screen shows, as the server's own dump (XWD)."""
+        shutil.copy(os.path.join(self.folder.name, "Xvfb_screen0"), path)
 
     def stop(self):
         self.server.terminate()
@@ -81,9 +63,8 @@ class Display:
 class Viewer:
     """`tessera view FILE` on a display; its state file stands in for the eyes."""
 
-    def __init__(self, display, program, *arguments, expect_window=True, keep_picture=lambda: None):
+    def __init__(self, display, program, *arguments, expect_window=True):
         self.display = display
-        self.keep_picture = keep_picture
         self.folder = tempfile.TemporaryDirectory(prefix="tessera-state-")
         self.state_path = os.path.join(self.folder.name, "state.json")
         self.process = subprocess.Popen(
@@ -117,11 +98,8 @@ class Viewer:
 
     def expect(self, **values):
         """Waits until the state has all of these values."""
-        return self.wait(str(values), lambda s: all(s.get(key) == value for key, value in values.items()))
-
-    def expect_window(self, title):
-        """Waits for a window of this title to come."""
-        self.wait(f"there is a window {title}", lambda _: self.display.windows(title))
+        self.wait(str(values), lambda s: all(s.get(key) == value for key, value in values.items()))
+        return self
 
     def expect_end(self):
         """Waits for the program to end and returns its exit code."""
@@ -134,17 +112,18 @@ class Viewer:
 
     def focus_window(self, title):
         """There is no window manager: whoever looks at a window gives it the keyboard."""
-        self.expect_window(title)
+        self.wait(f"there is a window {title}", lambda _: self.display.windows(title))
         window = self.display.windows(title)[-1]
         self.display.xdotool("windowfocus", "--sync", window)
-        self.keep_picture()
-        return window
+        return self
 
     def key(self, *names):
         self.display.xdotool("key", "--delay", "20", *names)
+        return self
 
     def type(self, text):
         self.display.xdotool("type", "--delay", "20", text)
+        return self
 
     def point(self, x, y):
         """A client point of the grid on the screen."""
@@ -153,17 +132,21 @@ class Viewer:
 
     def move(self, x, y):
         self.display.xdotool("mousemove", *self.point(x, y))
+        return self
 
     def press(self, x, y):
         self.move(x, y)
         self.display.xdotool("mousedown", 1)
+        return self
 
     def release(self):
         self.display.xdotool("mouseup", 1)
+        return self
 
     def click(self, x, y, button=1):
         self.move(x, y)
         self.display.xdotool("click", button)
+        return self
 
     def cell(self, row, column):
         """The middle of a cell on the page."""
@@ -178,13 +161,25 @@ class Viewer:
     def click_cell(self, row, column):
         self.click(*self.cell(row, column))
         self.expect(row=row, column=column)
+        return self
+
+    def dialog(self, title, *keys, text=None, back=None):
+        """Answers a window of its own by a text and keys, then looks at the window `back` if there is one."""
+        self.focus_window(title)
+        if text:
+            self.type(text)
+        self.key(*keys)
+        if back:
+            self.expect_no_window(title)
+            self.focus_window(back)
+        return self
 
     def expect_no_window(self, title):
         self.wait(f"the window {title} is gone", lambda _: not self.display.windows(title))
+        return self
 
     def stop(self):
         if self.process.poll() is None:
-            self.keep_picture()
             self.process.kill()
         self.process.wait()
         self.process.stderr.close()

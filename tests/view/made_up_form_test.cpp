@@ -10,7 +10,7 @@ namespace {
 
 // A number that is cut at its left end would show another number.
 TEST(MadeUpForm, IsWideEnoughForRowsBeyondTheFirstPages) {
-  const testing::TempFolder folder;
+  const TempFolder folder;
   const auto widthOf = [&](const std::string& first, const std::string& last) {
     std::string text = "N\n" + first + '\n';
     for (int row = 0; row < 5000; ++row) text += std::to_string(row % 10) + '\n';
@@ -24,28 +24,20 @@ TEST(MadeUpForm, IsWideEnoughForRowsBeyondTheFirstPages) {
 
 // Names of databases and of tables may both have colons.
 TEST(MadeUpForm, OfATableWhoseNameHasAColon) {
-  const testing::TempFolder folder;
-  struct Row {
-    const char* file;
-    const char* name;
-    const char* column;  // tells which table it is
-  };
-  const Row rows[] = {
-      {"shop.db", "", "first"},        {"shop.db", ":a:b", "both"},  {"shop.db", ":b", "right"},
-      {"odd:name.db", ":a:b", "both"}, {"odd:name.db", "", "first"}, {"odd:name.db", ":b", "right"},
-  };
+  const TempFolder folder;
   for (const char* const file : {"shop.db", "odd:name.db"}) {
     SqliteDatabase database;
     ASSERT_TRUE(database.open(folder.write(file, ""), true));
     ASSERT_TRUE(database.run("CREATE TABLE a(first); CREATE TABLE \"a:b\"(both); CREATE TABLE b(right)"));
   }
-  for (const Row& row : rows) {
-    const auto opened = openForm(folder.file(row.file) + row.name);
-    ASSERT_TRUE(opened) << row.name << opened.error().message();
-    XString column;
-    opened->components.dataSets.front().rows->GetColumnName(1, column);
-    EXPECT_EQ(column.toUtf8(), row.column) << row.file << row.name;
-  }
+  for (const std::string file : {"shop.db", "odd:name.db"})
+    for (const auto& [name, first] : {std::pair{"", "first"}, {":a:b", "both"}, {":b", "right"}}) {
+      const auto opened = openForm(folder.file(file) + name);
+      ASSERT_TRUE(opened) << name << opened.error().message();
+      XString column;
+      opened->components.dataSets.front().rows->GetColumnName(1, column);
+      EXPECT_EQ(column.toUtf8(), first) << file << name;
+    }
 }
 
 }  // namespace

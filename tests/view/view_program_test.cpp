@@ -19,7 +19,6 @@ struct Row {
 TEST(ViewCommand, IsHandedToTheDesktopIfThereIsOne) {
   const std::string none = "tessera: this build has no desktop: it was configured with TESSERA_QT=OFF\n";
   const Row rows[] = {
-      {{"view"}, true, 7, " ", ""},
       {{"view", "a.csv"}, true, 7, "a.csv ", ""},
       // Whether it can be read is for the window to find out.
       {{"view", "gone.sqlite:t", "--state", "s.json"}, true, 7, "gone.sqlite:t s.json", ""},
