@@ -194,6 +194,7 @@ TEST_F(CellDrawing, SortGlyphStandsBehindTheText) {
                 0,
                 {"keyed 90,7,98,14 up 0,0,8,7 00ff00", "text 3,3,88,17 at 1,3 000000 \"abcdefghijklmn\""}},
                {{0, 0, 10, 20}, u"abc", 0, {"keyed 2,7,8,14 up 0,0,8,7 00ff00"}},
+               {{0, 0, 100, 6}, u"abc", 0, {}},
                {{0, 0, 100, 20}, u"", 0, {}},
                {{0, 0, 100, 20},
                 u"abc",

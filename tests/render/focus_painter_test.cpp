@@ -136,6 +136,8 @@ TEST_F(FocusPainter, ButtonsOfCellsThatCanBeEdited) {
   }
   data->rows[1].level = 0;
   last().child.editable = u"true";
+  last().child.comboItems.addTail({u"shown", u"d"});
+  EXPECT_EQ(paintOnly("text 123,43,197,57").size(), 1u) << "the text leaves room for the button";
   last().view.rect.right = 130;
   // In a narrow cell it shows its middle, and nothing of the cell is left to tint.
   EXPECT_EQ(paintFrom("fill 120,42"),
