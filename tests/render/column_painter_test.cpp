@@ -39,6 +39,15 @@ TEST_F(ColumnPainter, EqualRowsMakeOneTallCell) {
   const Lines single{"fill 0,0,100,20 000000", "fill 0,20,100,40 000000"};
   EXPECT_EQ(cells(), single);
 
+  // Rows that do not follow each other in the data set; the page goes on below the client.
+  bind({u"V"}, std::vector<std::vector<const char16_t*>>(9, {u"A"}));
+  page.VisibleRows.erase(page.VisibleRows.begin() + 1);
+  EXPECT_EQ(cells(), (Lines{"fill 0,0,100,20 000000", "fill 0,20,100,160 000000"}));
+  column.suppressRefs.removeAll();
+  EXPECT_EQ(cells().size(), 5u);
+  column.suppressRefs.addTail({u"V"});
+  ResolveSuppress(config.columns, link);
+
   // Cells that can be edited stand alone.
   column.child.type = CellKind::Edit;
   bind({u"V"}, {{u"A"}, {u"A"}});
