@@ -8,37 +8,26 @@ namespace {
 
 using Items = std::vector<std::u16string>;
 
-struct SplitCase {
-  const char16_t* text;
-  const char16_t* delimiter;
-  const char16_t* trimSet;
-  char16_t escape;
-  Items expected;
-};
-
 TEST(SplitText, Items) {
-  const SplitCase cases[] = {
-      {u"", u";", u"", 0, {u""}},
-      {u"one", u";", u"", 0, {u"one"}},
-      {u"a;b;c", u";", u"", 0, {u"a", u"b", u"c"}},
-      {u"a;", u";", u"", 0, {u"a", u""}},
-      {u";b", u";", u"", 0, {u"b"}},
-      {u"a;;b", u";", u"", 0, {u"a", u"b"}},
-      {u"a;;", u";", u"", 0, {u"a", u""}},
-      {u";b", u";", u"", u'/', {u"", u"b"}},
-      {u"a;;b", u";", u"", u'/', {u"a", u"", u"b"}},
-      {u"a/;b;c", u";", u"", u'/', {u"a;b", u"c"}},
-      {u"/;a", u";", u"", u'/', {u";a"}},
-      {u"a/b;c", u";", u"", u'/', {u"a/b", u"c"}},
-      {u" a b ;\tc ", u";", u" \t", u'/', {u"a b", u"c"}},
-      {u"  ;x", u";", u" ", u'/', {u"", u"x"}},
-      {u"a::b", u"::", u"", u'/', {u"a", u"b"}},
-      {u"a:b", u"::", u"", u'/', {u"a:b"}},
-      {u"a/;b/;c;/;d/;", u";", u"", u'/', {u"a;b;c", u";d;"}},
-      {u"x///y", u"/", u"", u'/', {u"x", u"", u"", u"y"}},
-      {u"a;b", u"", u"", u'/', {u"a;b"}},
-  };
-  for (const SplitCase& test : cases) {
+  const struct {
+    const char16_t *text, *delimiter, *trimSet;
+    char16_t escape;
+    Items expected;
+  } cases[] = {{u"", u";", u"", 0, {u""}},
+               {u"a;b;c", u";", u"", 0, {u"a", u"b", u"c"}},
+               {u";b", u";", u"", 0, {u"b"}},
+               {u"a;;b", u";", u"", 0, {u"a", u"b"}},
+               {u"a;;", u";", u"", 0, {u"a", u""}},
+               {u";b", u";", u"", u'/', {u"", u"b"}},
+               {u"a;;b", u";", u"", u'/', {u"a", u"", u"b"}},
+               {u"/;a", u";", u"", u'/', {u";a"}},
+               {u" a b ;\tc ", u";", u" \t", u'/', {u"a b", u"c"}},
+               {u"  ;x", u";", u" ", u'/', {u"", u"x"}},
+               {u"a::b:c", u"::", u"", u'/', {u"a", u"b:c"}},
+               {u"a/;b/c;/;d/;", u";", u"", u'/', {u"a;b/c", u";d;"}},
+               {u"x///y", u"/", u"", u'/', {u"x", u"", u"", u"y"}},
+               {u"a;b", u"", u"", u'/', {u"a;b"}}};
+  for (const auto& test : cases) {
     std::vector<XString> list{XString(u"left over")};
     EXPECT_EQ(splitText(list, test.text, test.delimiter, test.trimSet, test.escape),
               static_cast<std::int32_t>(test.expected.size()));

@@ -33,52 +33,34 @@ void setImage(GridConfig& config) {
   config.background.alphaRate = 35;
 }
 
-TEST(BackgroundFlags, CellsLetAnImageThrough) {
+TEST(BackgroundFlags, CellsLetAnImageThroughWhileItIsThere) {
   GridConfig config = oneColumn();
   setImage(config);
   columnOf(config).summary.imageMode = stretched;
-  applyBackgroundFlags(config);
-  EXPECT_EQ(columnOf(config).view.imageMode, blended);
-  EXPECT_EQ(columnOf(config).view.alphaRate, 35);
-  EXPECT_EQ(columnOf(config).summary.imageMode, stretched);
-  EXPECT_EQ(columnOf(config).summary.alphaRate, 35);
-  EXPECT_EQ(groupOf(config).imageMode, blended);
-  EXPECT_EQ(groupOf(config).alphaRate, 35);
-  EXPECT_EQ(columnOf(config).header.imageMode, solid);
-  EXPECT_EQ(columnOf(config).header.alphaRate, 20);
-  EXPECT_EQ(config.indicator.imageMode, solid);
-}
-
-TEST(BackgroundFlags, CellsAreSolidAgainWithoutTheImage) {
-  GridConfig config = oneColumn();
-  setImage(config);
-  columnOf(config).summary.imageMode = placed | transparent;
-  applyBackgroundFlags(config);
-  config.background.backImage = false;
-  applyBackgroundFlags(config);
-  EXPECT_EQ(columnOf(config).view.imageMode, solid);
-  EXPECT_EQ(columnOf(config).view.alphaRate, 35);
-  EXPECT_EQ(columnOf(config).summary.imageMode, placed | transparent);
-  EXPECT_EQ(groupOf(config).imageMode, solid);
-  EXPECT_EQ(config.background.imageMode, solid);
+  for (const bool on : {true, false}) {
+    config.background.backImage = on;
+    applyBackgroundFlags(config);
+    EXPECT_EQ(columnOf(config).view.imageMode, on ? blended : solid);
+    EXPECT_EQ(columnOf(config).view.alphaRate, 35);
+    EXPECT_EQ(columnOf(config).summary.imageMode, stretched);
+    EXPECT_EQ(columnOf(config).summary.alphaRate, 35);
+    EXPECT_EQ(groupOf(config).imageMode, on ? blended : solid);
+    EXPECT_EQ(columnOf(config).header.imageMode, solid);
+    EXPECT_EQ(columnOf(config).header.alphaRate, 20);
+  }
 }
 
 TEST(BackgroundFlags, ModeOfTheImage) {
   const struct {
-    bool on;
-    bool loaded;
+    bool on, loaded;
     std::int32_t align;
     bool transparent;
     std::uint32_t mode;
-  } rows[] = {
-      {true, true, align::centerCenter, false, placed},
-      {true, true, align::full, false, stretched},
-      {true, true, align::fullWord, false, placed},
-      {true, true, align::centerCenter, true, placed | transparent},
-      {true, true, align::full, true, stretched | transparent},
-      {false, true, align::full, true, solid},
-      {true, false, align::full, true, solid},
-  };
+  } rows[] = {{true, true, align::full, false, stretched},
+              {true, true, align::fullWord, false, placed},
+              {true, true, align::centerCenter, true, placed | transparent},
+              {false, true, align::full, true, solid},
+              {true, false, align::full, true, solid}};
   for (const auto& row : rows) {
     GridConfig config;
     setImage(config);
@@ -99,28 +81,23 @@ TEST(AmbientFont, FillsWhatIsOpenInEveryRecord) {
   EvalState state;
   applyAmbientFont(config, {.face = u"Sans", .points = 9, .weight = 700, .underline = true}, state);
 
-  const LogFont& header = columnOf(config).header.font;
-  EXPECT_EQ(header.lfHeight, pointsToHeight(9));
-  EXPECT_EQ(header.face(), "Sans");
-  EXPECT_EQ(header.lfWeight, 700);
-  EXPECT_EQ(header.lfItalic, 0);
-  EXPECT_EQ(header.lfUnderline, 1);
-  EXPECT_EQ(columnOf(config).header.fontSize, 9);
-  EXPECT_EQ(config.indicator.font, header);
-  EXPECT_EQ(columnOf(config).view.font.lfHeight, pointsToHeight(20));
-  EXPECT_EQ(columnOf(config).view.font.face(), "Sans");
-  EXPECT_EQ(columnOf(config).summary.font.face(), "Serif");
-  EXPECT_EQ(columnOf(config).summary.fontSize, 9);
+  const ColumnRecord& column = columnOf(config);
+  LogFont open;
+  open.setFace("Sans");
+  open.lfHeight = pointsToHeight(9);
+  open.lfWeight = 700;
+  open.lfUnderline = 1;
+  EXPECT_EQ(column.header.font, open);
+  EXPECT_EQ(column.header.fontSize, 9);
+  EXPECT_EQ(config.indicator.font, open);
+  EXPECT_EQ(column.view.font.lfHeight, pointsToHeight(20));
+  EXPECT_EQ(column.summary.font.face(), "Serif");
+  EXPECT_EQ(column.summary.fontSize, 9);
   EXPECT_EQ(groupOf(config).fontStyle, font_style::italic);
   EXPECT_EQ(groupOf(config).font.lfWeight, 0);
-  EXPECT_EQ(groupOf(config).fontSize, 9);
-}
-
-TEST(AmbientFont, OnlyTheBoldWeightIsBold) {
-  EvalState state;
   CellStyle style;
   applyAmbientFont(style, {.face = u"Sans", .points = 9, .weight = 600}, state);
-  EXPECT_EQ(style.fontStyle, 0);
+  EXPECT_EQ(style.fontStyle, 0) << "only the bold weight is bold";
 }
 
 TEST(AmbientFont, WhatAnExpressionGivesIsNotOpen) {
@@ -134,16 +111,9 @@ TEST(AmbientFont, WhatAnExpressionGivesIsNotOpen) {
   EXPECT_EQ(style.fontSize, 0);
   EXPECT_EQ(style.fontStyle, font_style::bold);
   EXPECT_EQ(style.font.face(), "Sans");
-}
-
-TEST(AmbientFont, AHostWithoutAStyleLeavesTheStoredOne) {
-  EvalState state;
-  const FakeProgram none(XValue::ofText(u"none"));
-  CellStyle style;
   style.setFontStyle(font_style::italic);
-  style.setDynamic(DynamicSlot::FontStyle, &none);
   applyAmbientFont(style, {.face = u"Sans", .points = 9}, state);
-  EXPECT_EQ(style.fontStyle, font_style::italic);
+  EXPECT_EQ(style.fontStyle, font_style::italic) << "a host without a style leaves the stored one";
 }
 
 }  // namespace

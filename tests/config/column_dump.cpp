@@ -51,9 +51,7 @@ class Fields {
   }
 
   const std::string& text() const { return text_; }
-  std::string line(const char* part) const {
-    return text_.empty() ? "" : fmt::format("  {}{}\n", part, text_);
-  }
+  std::string line(const char* part) const { return text_.empty() ? "" : fmt::format(" {}{}", part, text_); }
 
  private:
   const Record& record_;
@@ -85,7 +83,7 @@ std::string dumpChild(const ChildSpec& child) {
   std::string text = fields.text();
   if (child.lookupDataset) text += " lookup";
   for (const ComboItem& item : child.comboItems) text += ' ' + shown(item.code) + ':' + shown(item.text);
-  return text.empty() ? "" : "  child" + text + '\n';
+  return text.empty() ? "" : " child" + text;
 }
 
 std::string dumpColumn(const ColumnRecord& column) {
@@ -93,31 +91,35 @@ std::string dumpColumn(const ColumnRecord& column) {
   own.add("ref", &ColumnRecord::refColumnId).add("view", &ColumnRecord::viewVisible);
   own.add("xl", &ColumnRecord::xlCellFormat).add("index", &ColumnRecord::index);
   own.add("tree", &ColumnRecord::hasTree);
-  std::string text = "column " + column.id.toUtf8() + own.text();
+  std::string text = " column " + column.id.toUtf8() + own.text();
   for (const SuppressRef& reference : column.suppressRefs) text += " suppress=" + shown(reference.columnId);
 
   auto header = bandFields(column.header);
   header.add("fix", &HeaderCell::fix)
       .add("path", &HeaderCell::imagePath)
       .add("check", &HeaderCell::showCheck);
-  text += '\n' + header.line("header") + bandFields(column.view).line("view");
+  text += header.line("header") + bandFields(column.view).line("view");
   text += Fields(column.summary).add("text", &SummaryCell::text).addStyle().line("summary");
   for (const GroupCell& group : column.groups) {
-    text +=
-        "  group level=" + shown(group.level) + Fields(group).add("text", &GroupCell::text).addStyle().text();
-    text += '\n';
+    const std::string level = " group level=" + shown(group.level);
+    text += level + Fields(group).add("text", &GroupCell::text).addStyle().text();
   }
   return text + dumpChild(column.child);
 }
 
 std::string dumpMenuItem(const MenuItem& item, std::size_t depth) {
-  std::string text = std::string(depth * 2, ' ') + shown(item.text) + ' ' + shown(item.code);
-  text += item.enabled ? "\n" : " disabled\n";
+  std::string text = ' ' + std::string(depth, '>') + shown(item.text) + ' ' + shown(item.code);
+  if (!item.enabled) text += " disabled";
   for (const MenuItem& child : item.children) text += dumpMenuItem(child, depth + 1);
   return text;
 }
 
 }  // namespace
+
+std::string answer(bool read, const std::string& dump) {
+  const std::string all = (read ? "" : " refused") + dump;
+  return all.empty() ? all : all.substr(1);
+}
 
 std::string dumpColumns(const ColumnList& columns) {
   std::string text;
@@ -131,7 +133,7 @@ std::string dumpTree(const TreeInfo& tree) {
   fields.add("indent", &TreeInfo::indentWidth).add("thumb", &TreeInfo::thumbSize);
   fields.add("icon", &TreeInfo::iconSize).add("imageC", &TreeInfo::imageCColumn);
   fields.add("imageE", &TreeInfo::imageEColumn).add("level", &TreeInfo::levelColumn);
-  return fields.text();
+  return fields.line("tree");
 }
 
 std::string dumpIndicator(const IndicatorRecord& record) {

@@ -1,43 +1,36 @@
 #include "config/info_text.h"
 
 #include <chrono>
-#include <gtest/gtest.h>
 #include <random>
 #include <span>
+
+#include "tests/support/text_rows.h"
 
 namespace tessera {
 namespace {
 
+void check(std::string_view table, std::string (*repair)(const char16_t*)) {
+  for (const auto& [text, expected] : test::textRows(table)) {
+    EXPECT_EQ(repair(XString::fromNarrow(text).chars()), expected) << text;
+  }
+}
+
 std::string normalized(const char16_t* text) { return normalizeInfoText(text).toUtf8(); }
 
 TEST(InfoText, Normalize) {
-  const struct {
-    const char* what;
-    const char16_t* text;
-    const char* expected;
-  } rows[] = {
-      {"nothing", u"", ""},
-      {"no tag", u"text only", ""},
-      {"text in front of the document", u"  head <A/>", "<A/>"},
-      {"white space behind the document", u"<A>x</A>\n\t", "<A>x</A>"},
-      {"text behind the document", u"<A>  <B/>  </A> tail", "<A>  <B/>  </A> tail"},
-      {"white space between tags", u"<A>\r\n\t <B/>\x3000\x00A0</A>", "<A><B/></A>"},
-      {"white space around text stays", u"<T> a b </T>", "<T> a b </T>"},
-      {"bracket in text", u"<TEXT>a>b</TEXT>", "<TEXT>a>b</TEXT>"},
-      {"bracket in a value", u"<A b='1>2'/><C/>", "<A b='1>2'/><C/>"},
-      {"bracket as last character of text", u"<T>a></T><C/>", "<T>a></T><C/>"},
-      {"repeated attribute", u"<A width='10' width='20'/>", "<A  width='20'/>"},
-      {"repeated in the second tag", u"<A><B c=\"1\" c=\"2\"/></A>", "<A><B  c=\"2\"/></A>"},
-      {"cases differ", u"<A left='1' LEFT='2'/>", "<A left='1' LEFT='2'/>"},
-      {"unfinished tag", u"<A>  <B c='1' c='2'", "<A>  <B c='1' c='2'"},
-      {"unfinished run", u"<A/>  <B>text", "<A/>  <B>text"},
-      {"section as it stands", u"<T> <![CDATA[ a='1' a='2' > ]]> </T>", "<T><![CDATA[ a='1' a='2' > ]]></T>"},
-      {"text behind a section", u"<T><![CDATA[a]]>b</T>", "<T><![CDATA[a]]></T>"},
-      {"unfinished section", u"<T>  <![CDATA[ a ]] > </T>", "<T>  <![CDATA[ a ]] > </T>"},
-      {"section word in small letters", u"<T/> <![cdata[ ]]> ", "<T/><![cdata[ ]]>"},
-      {"comment", u"<A> <!-- x='1' x='2' --> </A>", "<A><!--  x='2' --></A>"},
-  };
-  for (const auto& row : rows) EXPECT_EQ(normalized(row.text), row.expected) << row.what;
+  check(R"~(
+text only =>  |   head <A/> => <A/> | <A>  <B/>  </A> tail => <A>  <B/>  </A> tail
+<T> a b </T> => <T> a b </T> | <TEXT>a>b</TEXT> => <TEXT>a>b</TEXT> | <A b='1>2'/><C/> => <A b='1>2'/><C/>
+<T>a></T><C/> => <T>a></T><C/> | <A width='10' width='20'/> => <A  width='20'/>
+<A><B c="1" c="2"/></A> => <A><B  c="2"/></A> | <A left='1' LEFT='2'/> => <A left='1' LEFT='2'/>
+<A>  <B c='1' c='2' => <A>  <B c='1' c='2' | <A/>  <B>text => <A/>  <B>text
+<T> <![CDATA[ a='1' a='2' > ]]> </T> => <T><![CDATA[ a='1' a='2' > ]]></T>
+<T><![CDATA[a]]>b</T> => <T><![CDATA[a]]></T> | <T>  <![CDATA[ a ]] > </T> => <T>  <![CDATA[ a ]] > </T>
+<T/> <![cdata[ ]]>  => <T/><![cdata[ ]]> | <A> <!-- x='1' x='2' --> </A> => <A><!--  x='2' --></A>)~",
+        normalized);
+  EXPECT_EQ(normalized(u""), "");
+  EXPECT_EQ(normalized(u"<A>x</A>\n\t"), "<A>x</A>");
+  EXPECT_EQ(normalized(u"<A>\r\n\t <B/>\x3000\x00A0</A>"), "<A><B/></A>");
 }
 
 TEST(InfoText, ZeroEndsTheSearchForTheEndOfARun) {
@@ -55,33 +48,17 @@ std::string withoutDuplicates(const char16_t* run) {
 }
 
 TEST(InfoText, RemoveDuplicates) {
-  const struct {
-    const char* what;
-    const char16_t* run;
-    const char* expected;
-  } rows[] = {
-      {"none", u"<A b=\"1\" c=\"2\">", "<A b=\"1\" c=\"2\">"},
-      {"the last stays", u"<A b=\"1\" c=\"2\" b=\"3\">", "<A  c=\"2\" b=\"3\">"},
-      {"three", u"<A b='1' b='2' b='3'>", "<A   b='3'>"},
-      {"two pairs", u"<A b='1' c='2' b='3' c='4'>", "<A   b='3' c='4'>"},
-      {"spaces around the sign", u"<A b = '1' b\t= '2'>", "<A  b\t= '2'>"},
-      {"case counts", u"<A b='1' B='2'>", "<A b='1' B='2'>"},
-      {"name within another name", u"<A b='1' ab='2' ba='3'>", "<A b='1' ab='2' ba='3'>"},
-      {"name within a value", u"<A b='1' c='b'>", "<A b='1' c='b'>"},
-      {"sign within a value", u"<A b='1' c=' b=2'>", "<A  c=' b=2'>"},
-      {"an apostrophe rules the whole run", u"<A b=\"1\" c=\"it's\" b=\"2\">",
-       "<A b=\"1\" c=\"it's\" b=\"2\">"},
-      {"the apostrophe goes with its attribute", u"<A b='1' b=\"2\" c=\"3\" c=\"4\">",
-       "<A  b=\"2\"  c=\"4\">"},
-      {"an unquoted value ends the search", u"<A b=1 b=2>", "<A b=1 b=2>"},
-      {"a lone quote ends the search", u"<A c='1' b=' b=>", "<A c='1' b=' b=>"},
-      {"no name", u"='1' a='1' a='2'", "='1' a='1' a='2'"},
-      {"name at the very start", u"a='1' a='2'", "a='1' a='2'"},
-      {"longer name at the very start", u"aa='1' aa='2'", " aa='2'"},
-      {"a word that lost its beginning", u"<p =\"1\"y a=\"\"=\"1\"y=\"5\" a=\"\">", "<p y=\"5\" a=\"\">"},
-      {"glued attributes", u"<A b='1'c='2' b='3'>", "<A c='2' b='3'>"},
-  };
-  for (const auto& row : rows) EXPECT_EQ(withoutDuplicates(row.run), row.expected) << row.what;
+  check(R"~(
+<A b="1" c="2"> => <A b="1" c="2"> | <A b="1" c="2" b="3"> => <A  c="2" b="3">
+<A b='1' b='2' b='3'> => <A   b='3'> | <A b='1' c='2' b='3' c='4'> => <A   b='3' c='4'>
+<A b='1' B='2'> => <A b='1' B='2'> | <A b='1' ab='2' ba='3'> => <A b='1' ab='2' ba='3'>
+<A b='1' c='b'> => <A b='1' c='b'> | <A b='1' c=' b=2'> => <A  c=' b=2'>
+<A b="1" c="it's" b="2"> => <A b="1" c="it's" b="2"> | <A b='1' b="2" c="3" c="4"> => <A  b="2"  c="4">
+<A b=1 b=2> => <A b=1 b=2> | <A c='1' b=' b=> => <A c='1' b=' b=> | ='1' a='1' a='2' => ='1' a='1' a='2'
+a='1' a='2' => a='1' a='2' | aa='1' aa='2' =>  aa='2' | <p ="1"y a=""="1"y="5" a=""> => <p y="5" a="">
+<A b='1'c='2' b='3'> => <A c='2' b='3'>)~",
+        withoutDuplicates);
+  EXPECT_EQ(withoutDuplicates(u"<A b = '1' b\t= '2'>"), "<A  b\t= '2'>");
 }
 
 TEST(InfoText, RemoveDuplicatesFromAStart) {

@@ -10,36 +10,48 @@ namespace tessera {
 
 // Everything is painted too, so that wild coordinates reach the pixels. Operations of memory surfaces count
 // with those of the canvas that made them.
-class CountingCanvas : public Canvas {
+class CountingCanvas : public RasterCanvas {
  public:
-  explicit CountingCanvas(Size size);
+  explicit CountingCanvas(Size size,
+                          std::shared_ptr<std::int64_t> operations = std::make_shared<std::int64_t>(0))
+      : RasterCanvas(size), operations_(std::move(operations)) {}
 
   std::int64_t operations() const { return *operations_; }
-  const RasterCanvas& painted() const { return *canvas_; }
 
-  Size size() const override { return canvas_->size(); }
-  void fill(const Rect& area, ColorRef color) override;
-  void blend(const Rect& area, ColorRef color, std::uint8_t alpha) override;
-  void blit(const Rect& area, const Bitmap& source, std::int32_t sourceX, std::int32_t sourceY) override;
-  void stretch(const Rect& area, const Bitmap& source) override;
-  void blitKeyed(const Rect& area, const Bitmap& source, const Rect& sourceArea, ColorRef key) override;
-  void polyline(std::span<const Point> points, ColorRef color, std::int32_t width) override;
-  void edge(const Rect& area, Edge edge) override;
-  void focusRect(const Rect& area) override;
-  Size textExtent(const LogFont& font, std::u16string_view text) override;
-  void text(const Rect& clip, std::int32_t x, std::int32_t y, const LogFont& font, ColorRef color,
-            std::u16string_view text) override;
-  std::unique_ptr<Canvas> createSurface(Size size) override;
-  bool isLike(const Canvas& surface) const override {
-    return dynamic_cast<const CountingCanvas*>(&surface) != nullptr;
+  void fill(const Rect& area, ColorRef color) override { ++*operations_, RasterCanvas::fill(area, color); }
+  void blend(const Rect& area, ColorRef color, std::uint8_t alpha) override {
+    ++*operations_, RasterCanvas::blend(area, color, alpha);
   }
-  void blitSurface(const Rect& area, const Canvas& source, std::int32_t sourceX,
-                   std::int32_t sourceY) override;
+  void blit(const Rect& area, const Bitmap& source, std::int32_t x, std::int32_t y) override {
+    ++*operations_, RasterCanvas::blit(area, source, x, y);
+  }
+  void stretch(const Rect& area, const Bitmap& source) override {
+    ++*operations_, RasterCanvas::stretch(area, source);
+  }
+  void blitKeyed(const Rect& area, const Bitmap& source, const Rect& from, ColorRef key) override {
+    ++*operations_, RasterCanvas::blitKeyed(area, source, from, key);
+  }
+  void polyline(std::span<const Point> points, ColorRef color, std::int32_t width) override {
+    ++*operations_, RasterCanvas::polyline(points, color, width);
+  }
+  void edge(const Rect& area, Edge edge) override { ++*operations_, RasterCanvas::edge(area, edge); }
+  void focusRect(const Rect& area) override { ++*operations_, RasterCanvas::focusRect(area); }
+  Size textExtent(const LogFont& font, std::u16string_view text) override {
+    return ++*operations_, RasterCanvas::textExtent(font, text);
+  }
+  void text(const Rect& clip, std::int32_t x, std::int32_t y, const LogFont& font, ColorRef color,
+            std::u16string_view text) override {
+    ++*operations_, RasterCanvas::text(clip, x, y, font, color, text);
+  }
+  std::unique_ptr<Canvas> createSurface(Size size) override {
+    ++*operations_;
+    return std::make_unique<CountingCanvas>(size, operations_);
+  }
+  void blitSurface(const Rect& area, const Canvas& source, std::int32_t x, std::int32_t y) override {
+    ++*operations_, RasterCanvas::blitSurface(area, source, x, y);
+  }
 
  private:
-  RasterCanvas& counted();
-
-  std::unique_ptr<RasterCanvas> canvas_;
   std::shared_ptr<std::int64_t> operations_;
 };
 

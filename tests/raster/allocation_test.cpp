@@ -1,22 +1,8 @@
 #include <array>
-#include <atomic>
-#include <cstdlib>
 #include <gtest/gtest.h>
-#include <new>
 
 #include "backends/raster/raster_canvas.h"
-
-namespace {
-std::atomic<std::uint64_t> allocations = 0;
-}
-
-void* operator new(std::size_t size) {
-  ++allocations;
-  if (void* memory = std::malloc(size ? size : 1)) return memory;
-  throw std::bad_alloc();
-}
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+#include "shared/counted_memory.h"
 
 namespace tessera {
 namespace {
@@ -50,10 +36,10 @@ TEST(WarmCanvas, AllocatesNothing) {
     paint(canvas, *surface, bitmap, plain);
     paint(canvas, *surface, bitmap, styled);
   }
-  const std::uint64_t before = allocations;
+  const std::int64_t before = test::allocationCount();
   paint(canvas, *surface, bitmap, plain);
   paint(canvas, *surface, bitmap, styled);
-  EXPECT_EQ(allocations, before);
+  EXPECT_EQ(test::allocationCount(), before);
 }
 
 }  // namespace

@@ -29,39 +29,12 @@ Bitmap pixelsOf(GdkPixbuf* pixbuf) {
   return bitmap;
 }
 
-Bitmap decoded(const std::vector<std::byte>& bytes) {
-  const std::unique_ptr<GdkPixbufLoader, Release> loader(gdk_pixbuf_loader_new());
-  const bool written = gdk_pixbuf_loader_write(loader.get(), reinterpret_cast<const guchar*>(bytes.data()),
-                                               bytes.size(), nullptr);
-  const bool closed = gdk_pixbuf_loader_close(loader.get(), nullptr);
-  GdkPixbuf* const pixbuf = gdk_pixbuf_loader_get_pixbuf(loader.get());
-  return written && closed && pixbuf ? pixelsOf(pixbuf) : Bitmap();
-}
-
 Bitmap manyColours() {
   Bitmap bitmap(37, 11);
   for (std::size_t i = 0; i < bitmap.pixels.size(); ++i) {
     bitmap.pixels[i] = static_cast<std::uint32_t>(i * 2654435761u) | 0x01000000;
   }
   return bitmap;
-}
-
-TEST(Png, KeepsEveryPixelAndItsAlpha) {
-  const Bitmap bitmap = manyColours();
-  const Bitmap back = decoded(encodePng(bitmap));
-  EXPECT_EQ(back.width, bitmap.width);
-  EXPECT_EQ(back.pixels, bitmap.pixels);
-}
-
-TEST(Png, KeepsASnapshot) {
-  WhiteCanvas canvas(60, 20);
-  canvas.text({0, 0, 60, 20}, 2, 2, {}, blue, u"Snapshot");
-  const Bitmap shot = canvas.snapshot();
-  ASSERT_GT(inkOf(shot), 50u);
-  for (std::int32_t y = 0; y < 20; ++y) {
-    for (std::int32_t x = 0; x < 60; ++x) ASSERT_EQ(shot.at(x, y), canvas.pixel(x, y));
-  }
-  EXPECT_EQ(decoded(encodePng(shot)).pixels, shot.pixels);
 }
 
 TEST(Snapshot, IsOpaque) {

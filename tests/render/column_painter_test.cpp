@@ -36,12 +36,22 @@ TEST_F(ColumnPainter, EqualRowsMakeOneTallCell) {
   // A page that starts inside the run, and ends inside one.
   page.VisibleRows.erase(page.VisibleRows.begin());
   page.VisibleRows.pop_back();
-  EXPECT_EQ(cells(), (Lines{"fill 0,0,100,20 000000", "fill 0,20,100,40 000000"}));
+  const Lines single{"fill 0,0,100,20 000000", "fill 0,20,100,40 000000"};
+  EXPECT_EQ(cells(), single);
+
+  // Rows that do not follow each other in the data set; the page goes on below the client.
+  bind({u"V"}, std::vector<std::vector<const char16_t*>>(9, {u"A"}));
+  page.VisibleRows.erase(page.VisibleRows.begin() + 1);
+  EXPECT_EQ(cells(), (Lines{"fill 0,0,100,20 000000", "fill 0,20,100,160 000000"}));
+  column.suppressRefs.removeAll();
+  EXPECT_EQ(cells().size(), 5u);
+  column.suppressRefs.addTail({u"V"});
+  ResolveSuppress(config.columns, link);
 
   // Cells that can be edited stand alone.
   column.child.type = CellKind::Edit;
   bind({u"V"}, {{u"A"}, {u"A"}});
-  EXPECT_EQ(cells(), (Lines{"fill 0,0,100,20 000000", "fill 0,20,100,40 000000"}));
+  EXPECT_EQ(cells(), single);
 }
 
 TEST_F(ColumnPainter, LevelsChooseTheStyle) {
@@ -60,27 +70,11 @@ TEST_F(ColumnPainter, LevelsChooseTheStyle) {
   EXPECT_EQ(canvas.linesOf("text").back(), "text 3,63,97,77 at 47,63 000000 \"e\"");
 }
 
-TEST_F(ColumnPainter, InheritedTextTakesTheDetailStyle) {
-  ColumnRecord& column = addColumn(u"V");
-  makePlain(column, 0);
-  GroupCell group;
-  group.level = 1;
-  group.text = u"inherit";
-  group.backColor = rgb(0, 0xFF, 0);
-  column.groups.addTail(group);
-  bind({u"V"}, {{u"detail"}, {u"sum"}});
-  data->rows[1].level = 1;
-  EXPECT_EQ(cells(), (Lines{"fill 0,0,100,20 000000", "fill 0,20,100,40 000000"}));
-  EXPECT_EQ(canvas.linesOf("text").back(), "text 3,23,97,37 at 29,23 000000 \"detail\"");
-}
-
 TEST_F(ColumnPainter, ColumnsOutsideAreNotTouched) {
-  struct Case {
+  const struct {
     std::int32_t headerLeft, headerRight, viewLeft, viewRight;
     Lines expected;
-  };
-  const Case cases[] = {
-      {100, 200, 100, 200, {"fill 100,0,200,20 0000ff"}},
+  } cases[] = {
       {0, 100, 0, 100, {}},
       {50, 150, 50, 150, {"fill 100,0,150,20 0000ff"}},
       {400, 500, 400, 500, {}},
@@ -89,7 +83,7 @@ TEST_F(ColumnPainter, ColumnsOutsideAreNotTouched) {
       {50, 150, 0, 100, {}},
       {0, 100, 50, 150, {"fill 100,0,150,20 0000ff"}},
   };
-  for (const Case& test : cases) {
+  for (const auto& test : cases) {
     config.columns.removeAll();
     ColumnRecord& fixed = addColumn(u"F");
     fixed.header.fix = true;
@@ -102,50 +96,12 @@ TEST_F(ColumnPainter, ColumnsOutsideAreNotTouched) {
   }
 }
 
-TEST_F(ColumnPainter, RowsEndAtTheBottomLimit) {
-  makePlain(addColumn(u"V"), 0);
-  const std::vector<std::vector<const char16_t*>> six(6, {u"a"});
-  bind({u"V"}, six);
-  EXPECT_EQ(cells().size(), 5u);
-  settings.ViewSummary = SummaryBand::Bottom;
-  EXPECT_EQ(cells().size(), 4u);
-  settings.ViewSummary = SummaryBand::Top;
-  EXPECT_EQ(cells().front(), "fill 0,20,100,40 000000");
-  EXPECT_EQ(cells().size(), 4u);
-}
-
-TEST_F(ColumnPainter, TemplatesOfSeveralLines) {
-  makePlain(addColumn(u"V"), 0);
-  ColumnRecord& below = addColumn(u"W");
-  makePlain(below, rgb(0, 0, 0xFF));
-  below.view.rect = {0, 20, 100, 35};
-  bind({u"V", u"W"}, {{u"a", u"b"}, {u"c", u"d"}});
-  EXPECT_EQ(cells(), (Lines{"fill 0,0,100,20 000000", "fill 0,35,100,55 000000", "fill 0,20,100,35 0000ff",
-                            "fill 0,55,100,70 0000ff"}));
-}
-
 TEST_F(ColumnPainter, NoRowHeightPaintsNoRows) {
   ColumnRecord& column = addColumn(u"V");
   makePlain(column, 0);
   bind({u"V"}, {{u"a"}, {u"b"}});
   column.view.rect.bottom = 0;
   EXPECT_EQ(cells(), Lines{});
-  column.viewVisible = false;
-  EXPECT_EQ(cells(), Lines{});
-}
-
-TEST_F(ColumnPainter, ExpressionsSeeTheRowThatIsPainted) {
-  ColumnRecord& column = addColumn(u"V");
-  makePlain(column, 0);
-  const FakeProgram rowColor([](EvalState& state, XValue& value) {
-    value.setInt(state.ExprRow);
-    return true;
-  });
-  column.view.setDynamic(DynamicSlot::BackColor, &rowColor);
-  column.suppressRefs.addTail({u"V"});
-  bind({u"V"}, {{u"A"}, {u"A"}, {u"B"}});
-  ResolveSuppress(config.columns, link);
-  EXPECT_EQ(cells(), (Lines{"fill 0,0,100,40 010000", "fill 0,40,100,60 030000"}));
 }
 
 }  // namespace

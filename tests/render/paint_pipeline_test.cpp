@@ -81,8 +81,7 @@ TEST_F(Pipeline, WithoutColumnsOrDataBandsStay) {
 }
 
 TEST_F(Pipeline, BackgroundPictureLiesUnderTheTable) {
-  const auto picture = std::make_shared<Bitmap>(40, 30);
-  config.background.imageHandle = picture;
+  config.background.imageHandle = std::make_shared<Bitmap>(40, 30);
   config.background.imageMode = image_mode::placed | image_mode::transparent;
   config.background.align = align::right | align::bottom;
   config.background.backColor = rgb(1, 2, 3);
@@ -101,8 +100,7 @@ TEST_F(Pipeline, BackgroundPictureLiesUnderTheSummaryBand) {
     value.setInt(state.ExprRow);
     return true;
   });
-  const auto picture = std::make_shared<Bitmap>(40, 30);
-  config.background.imageHandle = picture;
+  config.background.imageHandle = std::make_shared<Bitmap>(40, 30);
   config.background.imageMode = image_mode::stretched;
   config.background.setDynamic(DynamicSlot::BackColor, &ground);
   config.columns.head()->value().summary.imageMode = image_mode::blended;
@@ -128,50 +126,6 @@ TEST_F(Pipeline, BackgroundPictureLiesUnderTheSummaryBand) {
   settings.ViewSummary = SummaryBand::Bottom;
   config.background.imageMode = image_mode::solid;
   EXPECT_EQ(paintOnly("copy"), Lines{});
-}
-
-TEST_F(Pipeline, LaterColumnsLieOverEarlierOnes) {
-  addColumn(u"W").view.rect = {70, 0, 170, 20};
-  bind({u"V", u"W"}, {{u"a", u"b"}, {u"c", u"d"}});
-  EXPECT_EQ(paintOnly("text 23,2").size() + canvas.linesOf("text 23,4").size(), 2u);
-  const Lines rowTexts = paintFrom("text 23,23");
-  ASSERT_GE(rowTexts.size(), 9u);
-  EXPECT_EQ(rowTexts[2], "text 23,43,117,57 at 67,43 000000 \"c\"");
-  EXPECT_EQ(rowTexts[3], "fill 70,20,170,40 ffffff");
-  EXPECT_EQ(rowTexts[5], "text 73,23,167,37 at 117,23 000000 \"b\"");
-}
-
-// The colour of the background needs no second fill where nothing can have been painted before.
-TEST_F(Pipeline, CellsFillThemselvesWhereTheGroundIsNotTheirs) {
-  settings.ViewHeader = false;
-  settings.ViewSummary = SummaryBand::None;
-  ColumnRecord& before = config.columns.head()->value();
-  ColumnRecord& column = addColumn(u"W");
-  bind({u"V", u"W"}, {{u"a", u"b"}});
-  const auto fills = [&] { return !paintOnly("fill 120,").empty(); };  // of the second column
-  const ColumnRecord plainBefore = before, plain = column;
-  const struct {
-    const char* what;
-    std::function<void()> change;
-    bool filled;
-  } tests[] = {
-      {"side by side", [] {}, false},
-      {"its own colour", [&] { column.view.backColor = rgb(1, 2, 3); }, true},
-      {"a column painted before reaches in", [&] { before.view.rect.right = 121; }, true},
-      {"a text painted before may reach in", [&] { before.view.rightMargin = -1; }, true},
-      {"its own text may reach into the next row", [&] { column.view.bottomMargin = -1; }, true},
-      {"its cells reach over their row", [&] { column.view.rect.top = -1, column.view.rect.bottom = 19; },
-       true},
-      {"marks may be wider than their cell", [&] { before.child.type = CellKind::Check; }, true},
-      {"a table with a border", [&] { config.background.borderStyle = border::line; }, true},
-  };
-  for (const auto& test : tests) {
-    before = plainBefore;
-    column = plain;
-    test.change();
-    EXPECT_EQ(fills(), test.filled) << test.what;
-    config.background.borderStyle = border::none;
-  }
 }
 
 }  // namespace

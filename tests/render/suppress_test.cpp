@@ -60,33 +60,26 @@ TEST_F(Suppress, RunsOfEqualKeys) {
   EXPECT_EQ(span(1), 2);
   EXPECT_EQ(span(3), 1);
   EXPECT_EQ(span(7), 1);
+  bind({u"V", u"W"}, {{u"c", u"ab"}, {u"bc", u"a"}});
+  suppressOn({u"W", u"V"});
+  EXPECT_EQ(span(1), 2) << "keys are joined without a separator";
+  suppressOn({u"V"});
+  EXPECT_EQ(span(1), 1);
   column.view.rect.bottom = 19;
   EXPECT_EQ(span(1), 1);
 }
 
-TEST_F(Suppress, KeysAreJoinedWithoutASeparator) {
-  bind({u"V", u"W"}, {{u"c", u"ab"}, {u"bc", u"a"}});
-  suppressOn({u"W", u"V"});
-  EXPECT_EQ(span(1), 2);
-}
-
-TEST_F(Suppress, GroupRowsTakePartWithTheirGroupText) {
-  bind({u"V", u"W"}, {{u"A", u"1"}, {u"A", u"1"}, {u"A", u"1"}});
-  data->rows[1].level = 1;
+TEST_F(Suppress, RowsOfAnyLevelTakePartWithTheirOwnText) {
+  bind({u"V", u"W"}, {{u"A", u"c"}, {u"A", u"c"}, {u"A", u"c"}, {u"B", u"c"}});
   suppressOn({u"V"});
-  EXPECT_EQ(span(1), 1);  // no group cell: its text is empty
+  data->rows[1].level = -1;
+  EXPECT_EQ(span(1), 3);
+  data->rows[1].level = 1;
+  EXPECT_EQ(span(1), 1) << "no group cell: its text is empty";
   GroupCell group;
   group.level = 1;
   column.groups.addTail(group);
   EXPECT_EQ(span(1), 3);
-}
-
-TEST_F(Suppress, RowsBelowLevelZeroTakePartWithTheirOrdinaryText) {
-  bind({u"V", u"W"}, {{u"A", u"1"}, {u"A", u"1"}, {u"B", u"1"}});
-  data->rows[1].level = data->rows[2].level = -1;
-  suppressOn({u"V"});
-  EXPECT_EQ(span(1), 2);
-  EXPECT_EQ(span(2), 1);
 }
 
 }  // namespace

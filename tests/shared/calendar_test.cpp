@@ -1,42 +1,21 @@
 #include "shared/calendar.h"
 
 #include <cmath>
-#include <gtest/gtest.h>
 #include <limits>
+
+#include "tests/support/text_rows.h"
 
 namespace tessera {
 namespace {
 
-struct DateRow {
-  double number;
-  CalendarTime time;
-  const char* text;
-};
-
-const DateRow dateRows[] = {
-    {0, {1899, 12, 30, 0, 0, 0}, "1899-12-30"},
-    {1, {1899, 12, 31, 0, 0, 0}, "1899-12-31"},
-    {2, {1900, 1, 1, 0, 0, 0}, "1900-01-01"},
-    {60, {1900, 2, 28, 0, 0, 0}, "1900-02-28"},
-    {61, {1900, 3, 1, 0, 0, 0}, "1900-03-01"},
-    {25569, {1970, 1, 1, 0, 0, 0}, "1970-01-01"},
-    {36585, {2000, 2, 29, 0, 0, 0}, "2000-02-29"},
-    {45413.5625, {2024, 5, 1, 13, 30, 0}, "2024-05-01 13:30:00"},
-    {0.75, {1899, 12, 30, 18, 0, 0}, "1899-12-30 18:00:00"},
-    {-1, {1899, 12, 29, 0, 0, 0}, "1899-12-29"},
-    {-1.25, {1899, 12, 29, 6, 0, 0}, "1899-12-29 06:00:00"},
-    {-1.75, {1899, 12, 29, 18, 0, 0}, "1899-12-29 18:00:00"},
-    {-657434, {100, 1, 1, 0, 0, 0}, "0100-01-01"},
-    {-657434.5, {100, 1, 1, 12, 0, 0}, "0100-01-01 12:00:00"},
-    {2958465, {9999, 12, 31, 0, 0, 0}, "9999-12-31"},
-};
-
-TEST(Calendar, NumbersFieldsAndTexts) {
-  for (const DateRow& row : dateRows) {
-    EXPECT_EQ(dateNumber(row.time), row.number) << row.text;
-    EXPECT_EQ(calendarTime(row.number), row.time) << row.text;
-    EXPECT_EQ(isoDateText(row.number).toUtf8(), row.text);
-    EXPECT_EQ(parseIsoDate(XString::fromNarrow(row.text)), row.number) << row.text;
+TEST(Calendar, NumbersAndTexts) {
+  for (const auto& [number, text] : test::textRows(R"(
+0 => 1899-12-30 | 2 => 1900-01-01 | 60 => 1900-02-28 | 61 => 1900-03-01 | 25569 => 1970-01-01
+36585 => 2000-02-29 | 45413.5625 => 2024-05-01 13:30:00 | 0.75 => 1899-12-30 18:00:00 | -1 => 1899-12-29
+-1.25 => 1899-12-29 06:00:00 | -1.75 => 1899-12-29 18:00:00 | -657434 => 0100-01-01
+-657434.5 => 0100-01-01 12:00:00 | 2958465 => 9999-12-31)")) {
+    EXPECT_EQ(isoDateText(std::stod(number)).toUtf8(), text);
+    EXPECT_EQ(parseIsoDate(XString::fromNarrow(text)), std::stod(number)) << text;
   }
   EXPECT_EQ(isoDateText(0.5, u'T'), u"1899-12-30T12:00:00");
 }
@@ -91,27 +70,14 @@ TEST(Calendar, IsoTexts) {
   EXPECT_EQ(parseIsoDate(u"2024-05-01 13:30"), 45413.5625);
   EXPECT_NEAR(*parseIsoDate(u"2024-05-01T00:00:00.5"), 45413 + 0.5 / 86400, 1e-11);
   EXPECT_NEAR(*parseIsoDate(u"1899-12-29 06:00:00.25"), -1.25 - 0.25 / 86400, 1e-11);
-  const char16_t* const others[] = {u"",
-                                    u"2024",
-                                    u"2024-05",
-                                    u"2024-5-1",
-                                    u"24-05-01",
-                                    u"2024-05-01T",
-                                    u"2024-05-01 ",
-                                    u" 2024-05-01",
-                                    u"2024-05-01x13:30:00",
-                                    u"2024-05-01T1:30",
-                                    u"2024-05-01T13",
-                                    u"2024-05-01T13:30:",
-                                    u"2024-05-01T13:30:00.",
-                                    u"2024-05-01T13:30:00Z",
-                                    u"2024-05-01T24:00:00",
-                                    u"2024-02-30",
-                                    u"2024/05/01",
-                                    u"0099-01-01",
-                                    u"-024-05-01",
-                                    u"2024-05-01T13:30:00.5x"};
-  for (const char16_t* text : others) EXPECT_EQ(parseIsoDate(text), std::nullopt) << XString(text).toUtf8();
+  EXPECT_EQ(parseIsoDate(u""), std::nullopt);
+  for (const char16_t* text :
+       {u"2024", u"2024-05", u"2024-5-1", u"24-05-01", u"2024-05-01T", u"2024-05-01 ", u" 2024-05-01",
+        u"2024-05-01x13:30:00", u"2024-05-01T1:30", u"2024-05-01T13", u"2024-05-01T13:30:",
+        u"2024-05-01T13:30:00.", u"2024-05-01T13:30:00Z", u"2024-05-01T24:00:00", u"2024-02-30",
+        u"2024/05/01", u"0099-01-01", u"-024-05-01", u"2024-05-01T13:30:00.5x"}) {
+    EXPECT_EQ(parseIsoDate(text), std::nullopt) << XString(text).toUtf8();
+  }
 }
 
 }  // namespace

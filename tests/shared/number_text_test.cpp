@@ -2,52 +2,27 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <gtest/gtest.h>
-#include <limits>
 #include <random>
 
+#include <tessera/xstring.h>
+
 #include "shared/utf.h"
+#include "tests/support/text_rows.h"
 
 namespace tessera {
 namespace {
 
 TEST(NumberText, Reals) {
-  struct Row {
-    double value;
-    const char* text;
-  };
-  constexpr double infinite = std::numeric_limits<double>::infinity();
-  const Row rows[] = {
-      {0, "0"},
-      {-0.0, "0"},
-      {1, "1"},
-      {-1.5, "-1.5"},
-      {100, "100"},
-      {0.1 + 0.2, "0.3"},
-      {1.0 / 3, "0.333333333333333"},
-      {2.0 / 3, "0.666666666666667"},
-      {-2.0 / 3, "-0.666666666666667"},
-      {0.00001, "0.00001"},
-      {0.0000123, "0.0000123"},
-      {0.000009, "9E-06"},
-      {1e14, "100000000000000"},
-      {1e15, "1000000000000000"},
-      {-1e15, "-1000000000000000"},
-      {999999999999999, "999999999999999"},
-      {123456789012345.6, "123456789012346"},
-      {999999999999999.9, "1000000000000000"},
-      {1.1e15, "1.1E+15"},
-      {1e16, "1E+16"},
-      {1.5e20, "1.5E+20"},
-      {-2.5e-300, "-2.5E-300"},
-      {1.7976931348623157e308, "1.79769313486232E+308"},
-      {5e-324, "5E-324"},
-      {9.9999999999999999e-6, "0.00001"},
-      {infinite, "inf"},
-      {-infinite, "-inf"},
-      {std::nan(""), "nan"},
-  };
-  for (const Row& row : rows) EXPECT_EQ(NumberText::ofReal(row.value, 15).view(), row.text);
+  for (const auto& [value, text] : test::textRows(R"(
+0 => 0 | -0.0 => 0 | -1.5 => -1.5 | 100 => 100 | 0.30000000000000004 => 0.3
+0.3333333333333333 => 0.333333333333333 | -0.6666666666666666 => -0.666666666666667 | 0.00001 => 0.00001
+0.0000123 => 0.0000123 | 0.000009 => 9E-06 | 1e14 => 100000000000000 | -1e15 => -1000000000000000
+999999999999999 => 999999999999999 | 123456789012345.6 => 123456789012346
+999999999999999.9 => 1000000000000000 | 1.1e15 => 1.1E+15 | 1e16 => 1E+16 | -2.5e-300 => -2.5E-300
+1.7976931348623157e308 => 1.79769313486232E+308 | 5e-324 => 5E-324 | 9.9999999999999999e-6 => 0.00001
+inf => inf | -inf => -inf | nan => nan)")) {
+    EXPECT_EQ(NumberText::ofReal(std::strtod(value.c_str(), nullptr), 15).view(), text);
+  }
   EXPECT_EQ(NumberText::ofReal(static_cast<double>(0.1f), 7).view(), "0.1");
   EXPECT_EQ(NumberText::ofReal(static_cast<double>(16777216.0f), 7).view(), "16777220");
   EXPECT_EQ(NumberText::ofReal(-1.2345678901234567e-5, 17).view(), "-0.000012345678901234568");
@@ -70,55 +45,25 @@ TEST(NumberText, RoundsAsThePlatformDoes) {
 }
 
 TEST(NumberText, Parse) {
-  struct Row {
-    const char16_t* text;
-    HResult status;
-    Number::Kind kind;
-    double value;
-  };
-  constexpr auto whole = Number::Kind::Signed;
-  constexpr auto large = Number::Kind::Unsigned;
-  constexpr auto real = Number::Kind::Real;
-  constexpr HResult bad = DISP_E_TYPEMISMATCH;
-  constexpr HResult overflow = DISP_E_OVERFLOW;
-  const Row rows[] = {
-      {u"0", S_OK, whole, 0},
-      {u" -12 \t", S_OK, whole, -12},
-      {u"+12", S_OK, whole, 12},
-      {u"9223372036854775807", S_OK, whole, 9223372036854775807.0},
-      {u"9223372036854775808", S_OK, large, 9223372036854775808.0},
-      {u"-9223372036854775808", S_OK, whole, -9223372036854775808.0},
-      {u"-9223372036854775809", S_OK, real, -9223372036854775808.0},
-      {u"18446744073709551616", S_OK, real, 18446744073709551616.0},
-      {u"1.5", S_OK, real, 1.5},
-      {u"-.5", S_OK, real, -0.5},
-      {u"5.", S_OK, real, 5},
-      {u"1e3", S_OK, real, 1000},
-      {u"1E-3", S_OK, real, 0.001},
-      {u"1e-400", S_OK, real, 0},
-      {u"1e400", overflow, real, 0},
-      {u"", bad, real, 0},
-      {u"  ", bad, real, 0},
-      {u"-", bad, real, 0},
-      {u"+-1", bad, real, 0},
-      {u"--1", bad, real, 0},
-      {u".", bad, real, 0},
-      {u"1,5", bad, real, 0},
-      {u"1 2", bad, real, 0},
-      {u"12a", bad, real, 0},
-      {u"0x10", bad, real, 0},
-      {u"inf", bad, real, 0},
-      {u"-nan", bad, real, 0},
-      {u"\uFF11", bad, real, 0},
-      {u"1\u0131", bad, real, 0},
-  };
-  for (const Row& row : rows) {
+  for (const auto& [text, expected] : test::textRows(R"(
+0 => whole 0 |  -12 	 => whole -12 | +12 => whole 12 | 9223372036854775807 => whole 9223372036854775807
+9223372036854775808 => large 9223372036854775808 | -9223372036854775808 => whole -9223372036854775808
+-9223372036854775809 => real -9.22337203685478E+18 | 18446744073709551616 => real 1.84467440737096E+19
+1.5 => real 1.5 | -.5 => real -0.5 | 5. => real 5 | 1e3 => real 1000 | 1E-3 => real 0.001 | 1e-400 => real 0
+1e400 => overflow)")) {
     Number number;
-    const std::string name = utf8FromUtf16(row.text);
-    ASSERT_EQ(parseNumber(row.text, number), row.status) << name;
-    if (row.status != S_OK) continue;
-    EXPECT_EQ(number.kind, row.kind) << name;
-    EXPECT_EQ(number.asReal(), row.value) << name;
+    const HResult status = parseNumber(XString::fromNarrow(text), number);
+    const bool real = number.kind == Number::Kind::Real, large = number.kind == Number::Kind::Unsigned;
+    std::string found = real ? "real " : large ? "large " : "whole ";
+    if (real) found += NumberText::ofReal(number.asReal(), 15).view();
+    if (!real)
+      found += large ? std::to_string(std::uint64_t(number.integer)) : std::to_string(number.integer);
+    EXPECT_EQ(status == DISP_E_OVERFLOW ? "overflow" : status != S_OK ? "bad" : found, expected) << text;
+  }
+  for (const char16_t* bad : {u"", u"  ", u"-", u"+-1", u"--1", u".", u"1,5", u"1 2", u"12a", u"0x10", u"inf",
+                              u"-nan", u"\uFF11", u"1\u0131"}) {
+    Number number;
+    EXPECT_EQ(parseNumber(bad, number), DISP_E_TYPEMISMATCH) << utf8FromUtf16(bad);
   }
 }
 
