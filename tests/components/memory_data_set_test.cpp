@@ -239,8 +239,14 @@ TEST(Notifications, SubscribersComeAndGoInsideACall) {
   notifier.reserved(1);
   notifier.advise(&late);
   notifier.reserved(2);
-  EXPECT_EQ(a.taken() + "; " + c.taken() + "; " + late.taken(),
-            "Reserved(1); Reserved(1) Reserved(2) Reserved(3); ");
+  // Whoever only asks whether it may close keeps its subscribers.
+  for (const bool asks : {true, false}) {
+    notifier.sourceClosing(asks);
+    notifier.rowsReset();
+  }
+  EXPECT_EQ(
+      a.taken() + "; " + c.taken() + "; " + late.taken(),
+      "Reserved(1); Reserved(1) Reserved(2) Reserved(3) SourceClosing(-1) RowsReset SourceClosing(0); ");
 }
 
 TEST(Notifications, ChangesMadeInsideANotification) {

@@ -13,57 +13,56 @@
 namespace tessera {
 namespace {
 
-// Answers when the test says so.
-struct LateNet : HttpClient, PictureLoader {
+// A network and an image set that answer when the test says so.
+struct Late : HttpClient, PictureLoader, FakeImageSet {
   void get(const std::string&, HttpClient::Answer answer) override { body = std::move(answer); }
   void load(std::vector<std::byte>, PictureLoader::Answer answer) override { picture = std::move(answer); }
+  void GetImage(const std::string& key, FakeImageSet::Answer answer) override {
+    images[key] = std::move(answer);
+  }
   HttpClient::Answer body;
   PictureLoader::Answer picture;
+  std::map<std::string, FakeImageSet::Answer> images;
 };
-struct LateImages : FakeImageSet {
-  void GetImage(const std::string& key, Answer answer) override { answers[key] = std::move(answer); }
-  std::map<std::string, Answer> answers;
-};
+
+const std::vector<std::uint32_t> blue(4, 0xFF112233);
+
 TEST(LatePictures, ShowWhenTheyComeAndOnlyThoseOfShownRowsAreAskedFor) {
-  constexpr std::uint32_t cell = 0xFF112233;
-  auto data =
-      std::make_shared<FakeDataSet>(std::vector<XString>{u"A"}, std::vector(100, std::vector{u"hidden"}));
-  for (std::size_t row = 0; row < 10; ++row)
-    data->rows[row].values[0] = XValue::ofText(row < 2 ? u"a" : u"b");
-  const auto images = std::make_shared<LateImages>();
-  OneObjectSite dataSite(data), imageSite(images);
+  auto data = std::make_shared<FakeDataSet>(std::vector<XString>{u"A"}, std::vector(100, std::vector{u"-"}));
+  for (std::size_t i = 0; i < 10; ++i) data->rows[i].values[0] = XValue::ofText(i < 2 ? u"a" : u"b");
+  const auto late = std::make_shared<Late>();
+  OneObjectSite dataSite(data), imageSite(late);
   XmlDocumentReader documents;
-  LateNet net;
   int paints = 0;
-  auto grid = std::make_unique<Tessera>(Ports{documents, &net, &net});
+  auto grid = std::make_unique<Tessera>(Ports{documents, late.get(), late.get()});
   HeadlessWindow window({200, 120}, [&](Canvas& canvas) { ++paints, grid->onDraw(canvas); });
-  const auto shown = [&] { return std::ranges::count(window.canvas().snapshot().pixels, cell); };
+  const auto shown = [&] { return std::ranges::count(window.canvas().snapshot().pixels, blue.front()); };
   grid->setClientSite(&imageSite);
   grid->put_BackgroundInfo(u"<B imagepath='http://x/' backimage='true'/>");
   grid->put_ImageDataID(u"images");
   grid->setClientSite(&dataSite);
   grid->put_DataID(u"data");
   grid->put_ColumnInfo(
-      u"<GRID><COLUMN id='b' refcolid='A'><VIEW right='80' bottom='20'/><CHILD "
-      u"type='image'/></COLUMN></GRID>");
+      u"<G><COLUMN id='b' refcolid='A'><VIEW right='80' bottom='20'/><CHILD type='image'/></COLUMN></G>");
   grid->windowCreated(window);
-  window.paint();
-  ASSERT_EQ(images->answers.size(), 2u);
   paints = 0;
-  images->answers["a"]({2, 2, std::vector(4, cell)});
-  net.body({std::byte{1}});
+  ASSERT_EQ(late->images.size(), 2u);
+  late->images["a"]({2, 2, blue});
+  late->body({std::byte{1}});
   EXPECT_EQ(paints, 1);
   EXPECT_GT(shown(), 0);
   EXPECT_FALSE(grid->parts().config.background.imageHandle);
-  net.picture(std::make_shared<Bitmap>(1, 1));
+  late->picture(std::make_shared<Bitmap>(1, 1));
   EXPECT_EQ(paints, 2);
   EXPECT_TRUE(grid->parts().config.background.imageHandle);
   grid->put_ImageDataID(u"");
-  images->answers["b"]({2, 2, std::vector(4, cell)});
+  late->images["b"]({2, 2, blue});
+  window.paint();
   EXPECT_EQ(shown(), 0);
   grid->windowDestroyed();
   grid.reset();
-  net.picture(std::make_shared<Bitmap>(1, 1));
+  late->body({std::byte{1}});
+  late->picture(std::make_shared<Bitmap>(1, 1));
 }
 
 }  // namespace
