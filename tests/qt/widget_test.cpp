@@ -288,7 +288,7 @@ TEST(List, HandsOnWhatIsTheGridsAndTellsOfTheFocusOnce) {
   QtDesk desk("editors.xml");
   desk.grid().setFocus();
   desk.grid().setColumnPosition("size");
-  const auto send = [&desk](QEvent::Type type, QPoint at) {
+  const auto send = [](QEvent::Type type, QPoint at) {
     QWidget* const window = QApplication::activePopupWidget();
     ASSERT_NE(window, nullptr);
     QCursor::setPos(at);
