@@ -170,6 +170,21 @@ std::int32_t textHeightOf(const CellTools& tools, const CellStyle& record, std::
   return tools.canvas.textExtent(record.effectiveFont(tools.texts.eval), first).height;
 }
 
+// Levels step by whole pixels here, and the box is centred by its size: what is pressed can be a pixel away
+// from what is drawn.
+Rect pressedBox(const CellPlace& place, const Rect& cell) {
+  constexpr std::int32_t slack = 2;
+  const TreeInfo& tree = place.tree;
+  const std::int32_t box = tree.thumbSize;
+  const std::int32_t step = addClamped(addClamped(subClamped(tree.iconSize, box) / 2, tree.indentWidth), box);
+  const std::int32_t levels = mulClamped(subClamped(place.row.level, 1), step);
+  const std::int32_t left = addClamped(addClamped(cell.left, place.column.view.leftMargin), levels);
+  const std::int32_t top = addClamped(cell.top, subClamped(cell.height(), box) / 2);
+  const std::int32_t side = addClamped(box, 2 * slack);
+  const Rect reach{subClamped(left, slack), subClamped(top, slack), 0, 0};
+  return {reach.left, reach.top, addClamped(reach.left, side), addClamped(reach.top, side)};
+}
+
 }  // namespace
 
 void placeTree(const CellPlace& place, CellLayout& layout) {
@@ -178,13 +193,11 @@ void placeTree(const CellPlace& place, CellLayout& layout) {
   const std::int32_t box = place.tree.thumbSize;
   const std::int32_t middle = middleOf(layout.cell);
   if (row.state != RowState::Leaf) {
-    constexpr std::int32_t slack = 2;
     const std::int32_t left = subClamped(addClamped(layout.cell.left, measure.lineX(row.level)), box / 2);
     const std::int32_t top = subClamped(middle, box / 2);
     const Rect drawn{left, top, addClamped(left, box), addClamped(top, box)};
     layout.treeBox.drawn = drawn;
-    layout.treeBox.pressed = {subClamped(left, slack), subClamped(top, slack), addClamped(drawn.right, slack),
-                              addClamped(drawn.bottom, slack)};
+    layout.treeBox.pressed = pressedBox(place, layout.cell);
   }
   const std::int64_t iconEnd = measure.iconEnd(row);
   if (measure.hasIcon(row.state)) {

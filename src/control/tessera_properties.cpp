@@ -240,9 +240,9 @@ HResult Tessera::put_ViewHeader(VariantBool value) {
 void Tessera::refillPage() {
   controllers_.editors.list().close(false);
   if (!parts_.window) return;
-  parts_.updateBars(bar_bit::vertical);
   const std::int32_t capacity = parts_.frame().rowCapacity();
   if (const Row top = parts_.page.VisibleAt(0)) parts_.page.RefillFrom(parts_.rows, capacity, top);
+  parts_.updateBars(bar_bit::vertical);
   Repaint(nullptr);
 }
 

@@ -99,7 +99,9 @@ void RowOperations::Delete(std::int32_t index) {
 void RowOperations::takeCurrentRow() {
   const GridFrame frame = parts_.frame();
   if (!parts_.focus.CellMode) parts_.loader(frame).rebuildSelectedRows();
-  RowSelection(parts_, services_).follow(parts_.rows.find(parts_.link.currentRow()));
+  const Row current = parts_.rows.find(parts_.link.currentRow());
+  // Without a current row what is selected stays so.
+  if (current || parts_.focus.CellMode) RowSelection(parts_, services_).follow(current);
 }
 
 bool RowOperations::mayMove(std::int32_t source, std::int32_t target, std::int32_t option) const {

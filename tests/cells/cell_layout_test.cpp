@@ -75,11 +75,14 @@ TEST(CellLayout, Trees) {
   const struct {
     std::int32_t icon, indent, thumb, margin, level;
     RowState state;
-    std::int32_t boxLeft, textLeft;
+    std::int32_t boxLeft, pressedLeft, textLeft;
   } cases[] = {
-      {16, 5, 9, 3, 1, RowState::Collapsed, 103, 21}, {16, 5, 9, 3, 2, RowState::Collapsed, 121, 39},
-      {16, 5, 9, 3, 3, RowState::Collapsed, 137, 56}, {16, 5, 9, 3, 3, RowState::Leaf, 0, 52},
-      {16, 5, 10, 3, 2, RowState::Expanded, 121, 39}, {10, 0, 11, 0, 2, RowState::Leaf, 0, 18},
+      {16, 5, 9, 3, 1, RowState::Collapsed, 103, 101, 21},
+      {16, 5, 9, 3, 2, RowState::Collapsed, 121, 118, 39},
+      {16, 5, 9, 3, 3, RowState::Collapsed, 137, 135, 56},
+      {16, 5, 9, 3, 3, RowState::Leaf, 0, 0, 52},
+      {16, 5, 10, 3, 2, RowState::Expanded, 121, 119, 39},
+      {10, 0, 11, 0, 2, RowState::Leaf, 0, 0, 18},
   };
   for (const auto& test : cases) {
     TreeInfo tree;
@@ -99,7 +102,8 @@ TEST(CellLayout, Trees) {
     if (test.state == RowState::Leaf) continue;
     const auto& [glyph, drawn, pressed] = layout.treeBox;
     EXPECT_EQ(drawn.width(), test.thumb);
-    EXPECT_EQ(pressed, (Rect{drawn.left - 2, drawn.top - 2, drawn.right + 2, drawn.bottom + 2}));
+    const std::int32_t top = cell.top + (cell.height() - test.thumb) / 2 - 2, side = test.thumb + 4;
+    EXPECT_EQ(pressed, (Rect{test.pressedLeft, top, test.pressedLeft + side, top + side}));
     tree.imageCColumn = tree.imageEColumn = u"icon";
     EXPECT_EQ(layoutCell(place).leftMargin, test.textLeft + test.icon);
     EXPECT_EQ(layoutCell(place).icon.right, 100 + test.textLeft + test.icon - test.margin);
