@@ -10,14 +10,19 @@ namespace tessera {
 
 // The answer may come from the data set, which may have news for the grid meanwhile: false when rows or
 // columns are others then.
-bool EditorController::mayEdit(const ColumnRecord& column) {
+template <class Question>
+bool EditorController::stillHolds(Question question) {
   const GridWatch watch(parts_, services_);
-  bool isEditable = false;
+  bool answer = false;
   {
     const ReadingScope reading(parts_, services_);
-    isEditable = column.child.isEditable(parts_.eval);
+    answer = question();
   }
-  return isEditable && watch.holds();
+  return answer && watch.holds();
+}
+
+bool EditorController::mayEdit(const ColumnRecord& column) {
+  return stillHolds([&] { return column.child.isEditable(parts_.eval); });
 }
 
 bool EditorController::act(CellAction action, const ColumnRecord& column, std::int32_t row, CheckRule rule) {
@@ -107,8 +112,9 @@ bool EditorController::activateCell(std::int32_t x, std::int32_t y, ColumnPositi
   if (!position || !row || !position->value().viewVisible) return false;
   const ColumnRecord& column = position->value();
   parts_.eval.ExprRow = row.number;
-  if (!mayEdit(column) || parts_.link.level(row.number) > 0) return false;
-  if (parts_.page.VisibleIndex(row) < 0) return false;
+  const bool mayPress =
+      stillHolds([&] { return column.child.isEditable(parts_.eval) && parts_.link.level(row.number) <= 0; });
+  if (!mayPress || parts_.page.VisibleIndex(row) < 0) return false;
   const CellLayout layout = layoutOf(parts_, column, row);
   const FocusModel& focus = parts_.focus;
   const bool isFocus = focus.CellMode && focus.FocusRow == row && focus.FocusColumn == position;

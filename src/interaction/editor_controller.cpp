@@ -51,7 +51,9 @@ ColumnRecord* EditorController::focusColumn() {
   const FocusModel& focus = parts_.focus;
   if (!parts_.window || !parts_.link.dataSet()) return nullptr;
   if (!focus.CellMode || !focus.FocusRow || !focus.FocusColumn) return nullptr;
-  if (parts_.link.level(focus.FocusRow.number) > 0) return nullptr;
+  const bool sums = parts_.link.level(focus.FocusRow.number) > 0;
+  if (sums || !focus.FocusRow || !focus.FocusColumn)
+    return nullptr;  // the answer may have made the grid anew
   parts_.eval.ExprRow = focus.FocusRow.number;
   return &focus.FocusColumn->value();
 }

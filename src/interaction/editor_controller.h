@@ -134,7 +134,10 @@ class EditorController : public EditBoxOwner {
   void takeFocusBack();
 
   // False when the action is none, or cannot be done now. `rule` is how a mark flips.
-  // For the row of the expressions; false also when columns or row numbers are others afterwards.
+  // False also when columns or row numbers are others afterwards.
+  template <class Question>
+  bool stillHolds(Question question);
+  // For the row of the expressions.
   bool mayEdit(const ColumnRecord& column);
   bool act(CellAction action, const ColumnRecord& column, std::int32_t row, CheckRule rule);
   bool actByKey(CellAction CellKindRow::*action);

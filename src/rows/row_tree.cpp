@@ -75,7 +75,7 @@ Row RowTree::nth(std::int32_t ordinal) const {
 }
 
 Row RowTree::NextRow(Row row) const {
-  if (!row || isPlain_) return row ? find(row.number + 1) : noRow;
+  if (!row || isPlain_) return row && row.number < plainCount_ ? Row{row.number + 1} : noRow;
   return rowAt(outline_.next(positionOf(shownAncestor(row))));
 }
 
